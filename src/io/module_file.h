@@ -10,10 +10,19 @@ namespace quillet::io {
 enum class TextEncoding { Windows1252, Utf8Bom };
 enum class LineEnd { CrLf, Lf };
 
+// The error number of a module file that cannot be loaded ("Invalid file format").
+inline constexpr long kErrInvalidFileFormat = 321;
+
+// Attribute lines that stood inside the code, with what they followed: a procedure header
+// (`procedure`, `kind`) or, in the declarations and elsewhere, the line `after`.
 struct MemberAttribute {
   std::wstring procedure;   // name of the procedure whose header the lines followed
   int kind = 0;             // 0 Sub/Function, 1 Let, 2 Set, 3 Get
   std::vector<std::wstring> lines;
+  std::wstring after;       // the code line they followed when no procedure header
+  int line = 0;             // how many code lines stood before them when loaded
+
+  bool operator==(const MemberAttribute&) const = default;
 };
 
 struct ModuleFile {
@@ -42,5 +51,8 @@ std::string SerializeModuleFile(const ModuleFile& module);
 ModuleFile NewModuleFile(std::wstring_view name, int type);
 // The file extension of a component type: ".bas", ".cls", ".frm".
 std::wstring ModuleExtension(int type);
+// The file name of a form's designer part: the ".frx" its header refers to, else the
+// module's file name with ".frx".
+std::wstring DesignerFileName(const ModuleFile& module, std::wstring_view moduleFileName);
 
 }  // namespace quillet::io

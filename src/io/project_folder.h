@@ -17,6 +17,8 @@ struct ReferenceInfo {
   int major = 0, minor = 0;
   bool isBroken = false;
   bool builtIn = false;
+
+  bool operator==(const ReferenceInfo&) const = default;
 };
 
 struct ProjectFolder {
@@ -27,13 +29,22 @@ struct ProjectFolder {
   std::vector<ReferenceInfo> references;  // default: VBA, the host library, stdole, Office
   std::vector<ModuleFile> modules;        // in the order of the project file, else by name
   std::vector<std::wstring> moduleFiles;  // file name of each module within the folder
+  bool hasProjectFile = false;            // the folder holds a project file
 };
+
+// The references of a project without a project file: VBA, the host library "Excel",
+// "stdole" and "Office".
+std::vector<ReferenceInfo> DefaultReferences();
 
 // Loads every .bas, .cls and .frm of the folder (a form's .frx beside it is its designer
 // part). A file that cannot be read raises vba::Error naming the file; nothing is written.
+// Two files that name the same module are refused.
 ProjectFolder LoadProjectFolder(const FileSystem& fs, std::wstring_view folder);
 // Writes every module (atomically, unchanged ones byte for byte), the project file when
-// the project has one or its data differ from the defaults, and deletes nothing.
+// the project has one or its data differ from the defaults, and deletes nothing. A file
+// whose bytes are already those to write is left untouched; a missing folder is made.
+// Everything is prepared before the first write: two modules that would share one file
+// are refused before anything is written.
 void SaveProjectFolder(FileSystem& fs, const ProjectFolder& project);
 
 }  // namespace quillet::io
