@@ -190,14 +190,14 @@ std::optional<std::string> ProjectFileBytes(const FileSystem& fs, const ProjectF
 
 std::vector<ReferenceInfo> DefaultReferences() {
   return {
-      {L"VBA", L"C:\\Program Files\\Common Files\\Microsoft Shared\\VBA\\VBA7.1\\VBE7.DLL",
+      {L"VBA", L"C:\\Program Files\\Common Files\\Shared\\VBA\\VBE7.DLL",
        L"{000204EF-0000-0000-C000-000000000046}", L"Visual Basic For Applications", 4, 2, false, true},
-      {L"Excel", L"C:\\Program Files\\Microsoft Office\\root\\Office16\\EXCEL.EXE",
-       L"{00020813-0000-0000-C000-000000000046}", L"Microsoft Excel 16.0 Object Library", 1, 9, false, true},
+      {L"Excel", L"C:\\Program Files\\Office\\EXCEL.EXE",
+       L"{00020813-0000-0000-C000-000000000046}", L"Excel Object Library", 1, 9, false, true},
       {L"stdole", L"C:\\Windows\\System32\\stdole2.tlb", L"{00020430-0000-0000-C000-000000000046}",
        L"OLE Automation", 2, 0, false, false},
-      {L"Office", L"C:\\Program Files\\Common Files\\Microsoft Shared\\OFFICE16\\MSO.DLL",
-       L"{2DF8D04C-5BFA-101B-BDE5-00AA0044DE52}", L"Microsoft Office 16.0 Object Library", 2, 8, false, false},
+      {L"Office", L"C:\\Program Files\\Common Files\\Shared\\Office\\MSO.DLL",
+       L"{2DF8D04C-5BFA-101B-BDE5-00AA0044DE52}", L"Office Object Library", 2, 8, false, false},
   };
 }
 
