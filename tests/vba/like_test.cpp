@@ -11,62 +11,50 @@ namespace {
 
 using testing::Raises;
 
+struct LikeCase {
+  const wchar_t* text;
+  const wchar_t* pattern;
+  bool matches;
+};
+
+template <std::size_t N>
+void Check(const LikeCase (&cases)[N]) {
+  for (const auto& c : cases) EXPECT_EQ(Like(c.text, c.pattern), c.matches) << c.text << " Like " << c.pattern;
+}
+
 TEST(Like, Wildcards) {
-  EXPECT_TRUE(Like(L"", L""));
-  EXPECT_TRUE(Like(L"", L"*"));
-  EXPECT_TRUE(Like(L"", L"***"));
-  EXPECT_FALSE(Like(L"", L"?"));
-  EXPECT_FALSE(Like(L"a", L""));
-  EXPECT_TRUE(Like(L"abc", L"a*"));
-  EXPECT_TRUE(Like(L"a", L"a*"));  // "*" matches nothing too
-  EXPECT_TRUE(Like(L"abc", L"*c"));
-  EXPECT_TRUE(Like(L"abc", L"a*b*c"));
-  EXPECT_FALSE(Like(L"abc", L"a*d"));
-  EXPECT_TRUE(Like(L"abc", L"a?c"));
-  EXPECT_FALSE(Like(L"ac", L"a?c"));
-  EXPECT_TRUE(Like(L"x12y", L"x##y"));
-  EXPECT_FALSE(Like(L"x1ay", L"x##y"));
-  EXPECT_FALSE(Like(L"\u0661", L"#"));
-  EXPECT_TRUE(Like(L"Private Sub Foo()", L"*Sub *(*)"));
-  EXPECT_TRUE(Like(L"C:\\Work", L"?:\\*"));
-  EXPECT_TRUE(Like(L"\\\\srv\\share", L"\\\\*\\*"));
-  EXPECT_FALSE(Like(L"C:\\Work", L"\\\\*\\*"));
-  EXPECT_TRUE(Like(L"mississippi", L"*iss*ppi"));
-  EXPECT_FALSE(Like(L"mississippi", L"*iss*pp"));
-  EXPECT_TRUE(Like(L"aaa", L"*a"));
+  const LikeCase cases[] = {
+      {L"", L"", true},         {L"", L"*", true},         {L"", L"***", true},
+      {L"", L"?", false},       {L"a", L"", false},        {L"abc", L"a*", true},
+      {L"a", L"a*", true},      {L"abc", L"*c", true},     {L"abc", L"a*b*c", true},
+      {L"abc", L"a*d", false},  {L"abc", L"a?c", true},    {L"ac", L"a?c", false},
+      {L"x12y", L"x##y", true}, {L"x1ay", L"x##y", false}, {L"\u0661", L"#", false},
+      {L"aaa", L"*a", true},    {L"Private Sub Foo()", L"*Sub *(*)", true},
+      {L"C:\\Work", L"?:\\*", true},   {L"\\\\srv\\share", L"\\\\*\\*", true},
+      {L"C:\\Work", L"\\\\*\\*", false}, {L"mississippi", L"*iss*ppi", true},
+      {L"mississippi", L"*iss*pp", false},
+  };
+  Check(cases);
 }
 
 TEST(Like, CharacterLists) {
-  EXPECT_TRUE(Like(L"b", L"[abc]"));
-  EXPECT_FALSE(Like(L"d", L"[abc]"));
-  EXPECT_TRUE(Like(L"q", L"[a-z]"));
-  EXPECT_FALSE(Like(L"Q", L"[a-z]"));
-  EXPECT_TRUE(Like(L"7", L"[a-z0-9]"));
-  EXPECT_TRUE(Like(L"d", L"[!abc]"));
-  EXPECT_FALSE(Like(L"a", L"[!abc]"));
-  EXPECT_FALSE(Like(L"", L"[!abc]"));  // a list always takes one character
-  EXPECT_TRUE(Like(L"x!", L"x!"));    // "!" outside a list is itself
-  EXPECT_TRUE(Like(L"!", L"[a!]"));   // and not first in a list too
-  EXPECT_FALSE(Like(L"b", L"[a!]"));
-  // "-" first (after any "!") or last is itself.
-  EXPECT_TRUE(Like(L"-", L"[-a]"));
-  EXPECT_TRUE(Like(L"-", L"[a-]"));
-  EXPECT_FALSE(Like(L"b", L"[a-]"));
-  EXPECT_FALSE(Like(L"-", L"[!-a]"));
-  EXPECT_TRUE(Like(L"b", L"[!-a]"));
-  // Special characters are themselves inside a list.
-  EXPECT_TRUE(Like(L"[", L"[[]"));
-  EXPECT_TRUE(Like(L"a*b", L"a[*]b"));
-  EXPECT_FALSE(Like(L"axb", L"a[*]b"));
-  EXPECT_TRUE(Like(L"?#", L"[?][#]"));
-  EXPECT_TRUE(Like(L"]", L"]"));        // "]" outside a list is itself
-  EXPECT_TRUE(Like(L"a]", L"[a]]"));
-  // "[]" stands for no character at all.
-  EXPECT_TRUE(Like(L"ab", L"a[]b"));
-  EXPECT_TRUE(Like(L"", L"[]"));
-  EXPECT_FALSE(Like(L"a", L"[]"));
-  EXPECT_TRUE(Like(L"é", L"[à-ÿ]"));
-  EXPECT_TRUE(Like(L"ж", L"[а-я]"));
+  const LikeCase cases[] = {
+      {L"b", L"[abc]", true},   {L"d", L"[abc]", false},   {L"q", L"[a-z]", true},
+      {L"Q", L"[a-z]", false},  {L"7", L"[a-z0-9]", true}, {L"d", L"[!abc]", true},
+      {L"a", L"[!abc]", false}, {L"", L"[!abc]", false},   {L"é", L"[à-ÿ]", true},
+      {L"ж", L"[а-я]", true},
+      // "!" negates only first in a list; elsewhere it is itself.
+      {L"x!", L"x!", true},     {L"!", L"[a!]", true},     {L"b", L"[a!]", false},
+      // "-" first (after any "!") or last in a list is itself.
+      {L"-", L"[-a]", true},    {L"-", L"[a-]", true},     {L"b", L"[a-]", false},
+      {L"-", L"[!-a]", false},  {L"b", L"[!-a]", true},
+      // Special characters are themselves inside a list, "]" outside one.
+      {L"[", L"[[]", true},     {L"a*b", L"a[*]b", true},  {L"axb", L"a[*]b", false},
+      {L"?#", L"[?][#]", true}, {L"]", L"]", true},        {L"a]", L"[a]]", true},
+      // "[]" stands for no character at all.
+      {L"ab", L"a[]b", true},   {L"", L"[]", true},        {L"a", L"[]", false},
+  };
+  Check(cases);
 }
 
 TEST(Like, MalformedPatternsRaiseError93) {

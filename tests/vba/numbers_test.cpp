@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 #include "raises.h"
 
@@ -11,46 +12,27 @@ namespace {
 
 using testing::Raises;
 
-TEST(Numbers, ValReadsTheLeadingNumber) {
-  EXPECT_EQ(Val(L"12abc"), 12);
-  EXPECT_EQ(Val(L"  -1.5e2x"), -150);
-  EXPECT_EQ(Val(L" 1615 198th Street"), 1615198);  // blanks inside do not count
-  EXPECT_EQ(Val(L"\t1\n2 3"), 123);
-  EXPECT_EQ(Val(L"- 3"), -3);
-  EXPECT_EQ(Val(L"+4"), 4);
-  EXPECT_EQ(Val(L".5"), 0.5);
-  EXPECT_EQ(Val(L"5."), 5);
-  EXPECT_EQ(Val(L"1.5.3"), 1.5);
-  EXPECT_EQ(Val(L"1,000"), 1);
-  EXPECT_EQ(Val(L"1e3"), 1000);
-  EXPECT_EQ(Val(L"1d3"), 1000);
-  EXPECT_EQ(Val(L"2E-1"), 0.2);
-  EXPECT_EQ(Val(L"1e"), 1);    // an exponent without digits is not read
-  EXPECT_EQ(Val(L"1e+x"), 1);
-  EXPECT_EQ(Val(L""), 0);
-  EXPECT_EQ(Val(L"abc"), 0);
-  EXPECT_EQ(Val(L"-"), 0);
-  EXPECT_EQ(Val(L"--1"), 0);
-  EXPECT_EQ(Val(L"\r1"), 0);  // a carriage return is not skipped
-}
+struct ValCase {
+  const wchar_t* text;
+  double value;
+};
 
-TEST(Numbers, ValReadsHexAndOctalAsIntegerOrLong) {
-  EXPECT_EQ(Val(L"&H1F"), 31);
-  EXPECT_EQ(Val(L"&h1fz"), 31);
-  EXPECT_EQ(Val(L"&O17"), 15);
-  EXPECT_EQ(Val(L"&o18"), 1);
-  EXPECT_EQ(Val(L"&HFFFF"), -1);
-  EXPECT_EQ(Val(L"&H7FFF"), 32767);
-  EXPECT_EQ(Val(L"&H8000"), -32768);
-  EXPECT_EQ(Val(L"&H10000"), 65536);
-  EXPECT_EQ(Val(L"&HFFFFFFFF"), -1);
-  EXPECT_EQ(Val(L"&H7FFFFFFF"), 2147483647);
-  EXPECT_EQ(Val(L"&H"), 0);
-  EXPECT_EQ(Val(L"&"), 0);
-  EXPECT_EQ(Val(L"&X1"), 0);
+TEST(Numbers, ValReadsTheLeadingNumber) {
+  const ValCase cases[] = {
+      {L"12abc", 12},    {L"  -1.5e2x", -150}, {L"\t1\n2 3", 123},  // blanks, tabs, LFs inside skipped
+      {L" 1615 198th Street", 1615198}, {L"- 3", -3}, {L"+4", 4},    {L".5", 0.5},
+      {L"5.", 5},        {L"1.5.3", 1.5},      {L"1,000", 1},       {L"1e3", 1000},
+      {L"1d3", 1000},    {L"2E-1", 0.2},       {L"1e", 1},          {L"1e+x", 1},
+      {L"", 0},          {L"abc", 0},          {L"-", 0},           {L"--1", 0},
+      {L"\r1", 0},       {L"1e-400", 0},
+      // "&H" and "&O": up to 16 bits an Integer, beyond a Long, both two's complement.
+      {L"&H1F", 31},     {L"&h1fz", 31},       {L"&O17", 15},       {L"&o18", 1},
+      {L"&HFFFF", -1},   {L"&H7FFF", 32767},   {L"&H8000", -32768}, {L"&H10000", 65536},
+      {L"&HFFFFFFFF", -1}, {L"&H7FFFFFFF", 2147483647}, {L"&H", 0}, {L"&", 0}, {L"&X1", 0},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Val(c.text), c.value) << c.text;
   EXPECT_TRUE(Raises(6, [] { Val(L"&H100000000"); }));
   EXPECT_TRUE(Raises(6, [] { Val(L"1e400"); }));
-  EXPECT_EQ(Val(L"1e-400"), 0);
 }
 
 TEST(Numbers, IsNumericAndCDbl) {
@@ -95,24 +77,14 @@ TEST(Numbers, IntegerConversionRoundsHalfToEvenAndChecksRange) {
 }
 
 TEST(Numbers, CStrWritesUpToFifteenSignificantDigits) {
-  EXPECT_EQ(CStr(0.0), L"0");
-  EXPECT_EQ(CStr(-0.0), L"0");
-  EXPECT_EQ(CStr(0.5), L"0.5");
-  EXPECT_EQ(CStr(-0.5), L"-0.5");
-  EXPECT_EQ(CStr(100.0), L"100");
-  EXPECT_EQ(CStr(1.25), L"1.25");
-  EXPECT_EQ(CStr(0.1 + 0.2), L"0.3");
-  EXPECT_EQ(CStr(1.0 / 3), L"0.333333333333333");
-  EXPECT_EQ(CStr(2.0 / 3), L"0.666666666666667");
-  EXPECT_EQ(CStr(123456789012345.0), L"123456789012345");
-  EXPECT_EQ(CStr(1234567890123456.0), L"1.23456789012346E+15");
-  EXPECT_EQ(CStr(1e15), L"1E+15");
-  EXPECT_EQ(CStr(1e20), L"1E+20");
-  EXPECT_EQ(CStr(1e100), L"1E+100");
-  EXPECT_EQ(CStr(0.0001), L"0.0001");
-  EXPECT_EQ(CStr(0.00001), L"1E-05");
-  EXPECT_EQ(CStr(-1.5e-7), L"-1.5E-07");
-  EXPECT_EQ(CStr(32767.0), L"32767");
+  const std::pair<double, const wchar_t*> cases[] = {
+      {0.0, L"0"},       {-0.0, L"0"},          {0.5, L"0.5"},         {-0.5, L"-0.5"},
+      {100.0, L"100"},   {1.25, L"1.25"},       {0.1 + 0.2, L"0.3"},   {1.0 / 3, L"0.333333333333333"},
+      {2.0 / 3, L"0.666666666666667"},          {123456789012345.0, L"123456789012345"},
+      {1234567890123456.0, L"1.23456789012346E+15"}, {1e15, L"1E+15"}, {1e20, L"1E+20"},
+      {1e100, L"1E+100"}, {0.0001, L"0.0001"},  {0.00001, L"1E-05"},   {-1.5e-7, L"-1.5E-07"},
+  };
+  for (const auto& [value, text] : cases) EXPECT_EQ(CStr(value), text) << text;
   EXPECT_EQ(CStr(-2147483648LL), L"-2147483648");
   EXPECT_EQ(CStr(0LL), L"0");
   // What CStr writes, CDbl reads back.
