@@ -25,7 +25,7 @@ for c in range(MAX + 1):
     if k.startswith('L'):
         if start is None: start = c
         last = c
-    elif k == 'Cn' or (0xD800 <= c <= 0xDFFF and False):
+    elif k == 'Cn':  # unassigned: bridges two letter ranges
         continue
     else:
         if start is not None: letters.append((start, last)); start = None
