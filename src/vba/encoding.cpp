@@ -11,12 +11,31 @@ constexpr std::array<char16_t, 32> kHigh = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-std::optional<char> ByteOf(wchar_t c) {
+std::optional<char> ByteOf(wchar_t ch) {
+  auto c = static_cast<char32_t>(ch);
   if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
   for (std::size_t i = 0; i < kHigh.size(); ++i)
-    if (kHigh[i] == static_cast<char16_t>(c) && static_cast<unsigned long>(c) <= 0xFFFF)
-      return static_cast<char>(0x80 + i);
+    if (kHigh[i] == c) return static_cast<char>(0x80 + i);
   return std::nullopt;
+}
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
+bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+
+// Appends one code point as the platform's wide characters: one wchar_t where it is
+// 32 bits wide, a surrogate pair beyond U+FFFF where it is 16 bits.
+void AppendWide(std::wstring& out, char32_t c) {
+  if constexpr (sizeof(wchar_t) == 2) {
+    if (c > 0xFFFF) {
+      c -= 0x10000;
+      out += static_cast<wchar_t>(0xD800 + (c >> 10));
+      out += static_cast<wchar_t>(0xDC00 + (c & 0x3FF));
+      return;
+    }
+  }
+  out += static_cast<wchar_t>(c);
 }
 
 void AppendUtf8(std::string& out, char32_t c) {
@@ -84,7 +103,17 @@ long DecodeOne(std::string_view s, std::size_t& i) {
 std::string ToUtf8(std::wstring_view s) {
   std::string out;
   out.reserve(s.size());
-  for (wchar_t c : s) AppendUtf8(out, static_cast<char32_t>(c));
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    auto c = static_cast<char32_t>(s[i]);
+    // A surrogate pair (16-bit wide characters) is one code point; a lone surrogate or
+    // a value beyond Unicode has no UTF-8 form.
+    if (IsHighSurrogate(c) && i + 1 < s.size() && IsLowSurrogate(static_cast<char32_t>(s[i + 1]))) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<char32_t>(s[++i]) - 0xDC00);
+    } else if (IsHighSurrogate(c) || IsLowSurrogate(c) || c > 0x10FFFF) {
+      c = kReplacement;
+    }
+    AppendUtf8(out, c);
+  }
   return out;
 }
 
@@ -94,7 +123,7 @@ std::wstring FromUtf8(std::string_view s) {
   std::size_t i = 0;
   while (i < s.size()) {
     long c = DecodeOne(s, i);
-    out += c < 0 ? L'\uFFFD' : static_cast<wchar_t>(c);
+    AppendWide(out, c < 0 ? kReplacement : static_cast<char32_t>(c));
   }
   return out;
 }
@@ -106,7 +135,7 @@ std::optional<std::wstring> FromUtf8Strict(std::string_view s) {
   while (i < s.size()) {
     long c = DecodeOne(s, i);
     if (c < 0) return std::nullopt;
-    out += static_cast<wchar_t>(c);
+    AppendWide(out, static_cast<char32_t>(c));
   }
   return out;
 }

@@ -29,8 +29,10 @@ class Variant {
   bool ToBool() const;        // CBool
   long long ToLong() const;   // CLng, banker's rounding
   double ToDouble() const;    // CDbl
-  std::wstring ToString() const;  // CStr: True -> "True", Empty -> "", dates in short form
-  DateTime ToDate() const;    // CDate
+  // CStr: True -> "True", Empty -> "", dates in short form ("yyyy-mm-dd", "hh:nn:ss" added
+  // when there is a time; day 0 gives the time alone).
+  std::wstring ToString() const;
+  DateTime ToDate() const;    // CDate: text as ParseDate reads it, numbers as serials
 
   bool operator==(const Variant& o) const = default;
 
