@@ -1,0 +1,19 @@
+#pragma once
+// The numbered settings items, the naming standards and the code folders, as the rest of
+// the add-in asks for them.
+#include <string>
+
+#include "shell/session.h"
+
+namespace quillet::settings {
+
+// Loads every item from its INI file, writing the keys that are missing. With `firstLoad`
+// the first-load dialogue follows; `firstLoad` comes back false.
+void InitializeGlobalVars(shell::Session& s, bool& firstLoad);
+// Reads the type-to-prefix table of the naming standard and derives the prefix lookups.
+void TypePrefixFromIniFile(shell::Session& s);
+// Creates the code folders that do not exist, one level each; false after a failure, which
+// is reported.
+bool FoldersCreate(shell::Session& s);
+
+}  // namespace quillet::settings

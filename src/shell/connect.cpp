@@ -1,0 +1,82 @@
+#include "shell/connect.h"
+
+#include "shell/command_bar.h"
+#include "shell/errors.h"
+#include "shell/global.h"
+#include "shell/position.h"
+#include "shell/timer_form.h"
+#include "shell/tips.h"
+#include "io/paths.h"
+
+namespace quillet::shell {
+
+// Items of the settings that decide which tool windows show.
+constexpr int kViewQuilletWindow = 47;
+constexpr int kViewCodeExplorerWindow = 48;
+
+Connect::~Connect() {
+  if (s_.connectInstance == this) s_.connectInstance = nullptr;
+}
+
+void Connect::OnConnection(host::VBE* application, int connectMode) {
+  connectMode_ = connectMode;
+  s_.connectInstance = this;
+  s_.vbe = application;
+  // Toolbar pictures pass through the clipboard; the user's content comes back at the end.
+  ClipboardContent clip;
+  Trap(s_, L"AddinInstance_OnConnection", [&] {
+    clip = ClipboardSave(s_.platform);
+    s_.testingMode = s_.platform.Files().FileExists(io::JoinPath(s_.platform.ProgramFolder(), L"testing.txt"));
+    s_.showMode = s_.testingMode ? 0 : 1;
+    s_.immediateWindowHandle = ImmediateWindowHandleGet(s_);
+    AddInInitialize(s_);
+    s_.currentProjectFile.clear();
+    s_.timerForm = std::make_unique<TimerForm>(s_);
+    s_.timerForm->Load();
+    CommandBarBuild(s_, *this);
+    DirectAccessToolWindowCreate();
+    CodeExplorerToolWindowCreate();
+    s_.directAccessWindow->SetVisible(s_.settings[kViewQuilletWindow].ToBool());
+    ShowTipAtStartup(s_);
+    ClipboardRestore(s_.platform, clip);
+  });
+}
+
+void Connect::DirectAccessToolWindowCreate() {
+  s_.directAccessWindow =
+      s_.vbe->Windows()->CreateToolWindow(L"Quillet.docDirectAccess", L"Shortcuts and Search", L"DirectAccessQuillet");
+}
+
+void Connect::CodeExplorerToolWindowCreate() {
+  s_.codeExplorerWindow =
+      s_.vbe->Windows()->CreateToolWindow(L"Quillet.docCodeExplorer", L"Code Explorer", L"CodeExplorerQuillet");
+  CodeExplorerRefresh(s_);
+}
+
+void Connect::OnAddInsUpdate() {
+  if (connectMode_ != 0) return;
+  if (s_.directAccessWindow) s_.directAccessWindow->SetVisible(s_.settings[kViewQuilletWindow].ToBool());
+  if (s_.codeExplorerWindow) s_.codeExplorerWindow->SetVisible(s_.settings[kViewCodeExplorerWindow].ToBool());
+  ShowTipAtStartup(s_);
+}
+
+void Connect::OnDisconnection(int removeMode) {
+  Trap(s_, L"AddinInstance_OnDisconnection", [&] {
+    CommandBarRemove(s_);
+    if (s_.timerForm) s_.timerForm->Unload();
+    s_.timerForm.reset();
+    ReleaseModels(s_);
+    s_.connectInstance = nullptr;
+    s_.vbe = nullptr;
+    s_.directAccessWindow.reset();
+    s_.codeExplorerWindow.reset();
+  });
+}
+
+void OfficeConnect::OnConnection(std::shared_ptr<host::OfficeApplication> application) {
+  if (application && application->TypeName() == L"Application") s_.*slot_ = std::move(application);
+}
+
+void OfficeConnect::OnDisconnection() { (s_.*slot_).reset(); }
+
+}  // namespace quillet::shell

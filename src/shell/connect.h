@@ -1,0 +1,48 @@
+#pragma once
+// The add-in objects the hosts load. `Connect` is loaded by the editor and does everything;
+// the three Office add-ins only keep a reference to their application.
+#include <memory>
+
+#include "hostmodel/office.h"
+#include "hostmodel/vbe.h"
+#include "shell/session.h"
+
+namespace quillet::shell {
+
+class Connect {
+ public:
+  explicit Connect(Session& s) : s_(s) {}
+  ~Connect();
+
+  // The editor loads the add-in. `connectMode` 0 means after the host had started.
+  void OnConnection(host::VBE* application, int connectMode);
+  void OnDisconnection(int removeMode);
+  void OnAddInsUpdate();
+
+  int ConnectMode() const { return connectMode_; }
+  Session& session() { return s_; }
+
+ private:
+  void DirectAccessToolWindowCreate();
+  void CodeExplorerToolWindowCreate();
+
+  Session& s_;
+  int connectMode_ = 0;
+};
+
+// ExcelConnect, WordConnect and AccessConnect: each keeps its application in one slot of
+// the session while it is loaded.
+class OfficeConnect {
+ public:
+  using Slot = std::shared_ptr<host::OfficeApplication> Session::*;
+  OfficeConnect(Session& s, Slot slot) : s_(s), slot_(slot) {}
+
+  void OnConnection(std::shared_ptr<host::OfficeApplication> application);
+  void OnDisconnection();
+
+ private:
+  Session& s_;
+  Slot slot_;
+};
+
+}  // namespace quillet::shell

@@ -1,0 +1,41 @@
+#include "shell/global.h"
+
+#include "settings/settings.h"
+#include "shell/errors.h"
+#include "shell/position.h"
+
+namespace quillet::shell {
+
+void AddInInitialize(Session& s) {
+  bool firstLoad = true;
+  settings::InitializeGlobalVars(s, firstLoad);
+  settings::TypePrefixFromIniFile(s);
+  settings::FoldersCreate(s);
+}
+
+void ProjectInitialize(Session& s, bool reduced) {
+  OutlookFocusRestore(s);
+  // The project, library and type-library scans fill the session's models here as they
+  // arrive; every model is replaced, never merged.
+}
+
+void ReleaseModels(Session& s) {}
+
+void MenusEnabledSet(Session& s, bool enabled) {
+  if (!s.vbe) return;
+  try {
+    s.vbe->CommandBars().Item(L"Quillet")->SetEnabled(enabled);
+  } catch (const vba::Error&) {
+  }
+  // A hook for an entry of the code window's context menu; no such entry exists yet.
+  try {
+    s.vbe->CommandBars().Item(L"Code Window")->Controls().Item(L"Quillet Insert")->SetEnabled(enabled);
+  } catch (const vba::Error&) {
+  }
+}
+
+void MenuItemsUpdate(Session& s) {}
+
+void CodeExplorerRefresh(Session& s) {}
+
+}  // namespace quillet::shell
