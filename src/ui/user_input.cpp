@@ -175,18 +175,22 @@ bool UserInput::Set(Control& control, const nlohmann::json& value) {
   std::wstring name = control.Parent().Name() + L"." + control.FullName();
 
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
-    if (!Focus(control)) return false;
+    int index = -1;
+    std::wstring text;
     if (value.is_number_integer()) {
-      int i = value.get<int>();
-      if (i < -1 || i >= combo->ListCount()) Refuse(name + L" has no entry " + std::to_wstring(i));
-      combo->SetListIndex(i);
-      return true;
+      index = value.get<int>();
+      if (index < -1 || index >= combo->ListCount()) Refuse(name + L" has no entry " + std::to_wstring(index));
+    } else if (value.is_string()) {
+      text = Text(value);
+      index = combo->FindStringExact(text);
+      bool typeable = combo->Style() != vbComboDropdownList && !combo->Locked();
+      if (index < 0 && !typeable) Refuse(name + L" has no entry '" + text + L"'");
+    } else {
+      Refuse(name + L" takes a text or an index");
     }
-    if (!value.is_string()) Refuse(name + L" takes a text or an index");
-    std::wstring text = Text(value);
-    int i = combo->FindStringExact(text);
-    if (i >= 0) combo->SetListIndex(i);
-    else if (!combo->TypeText(text)) Refuse(name + L" has no entry '" + text + L"'");
+    if (!Focus(control)) return false;
+    if (index >= 0 || !value.is_string()) combo->SetListIndex(index);
+    else combo->TypeText(text);
     return true;
   }
   if (auto* edit = dynamic_cast<EditControl*>(&control)) {
@@ -202,13 +206,18 @@ bool UserInput::Set(Control& control, const nlohmann::json& value) {
       if (i < 0 || i >= list->ListCount()) Refuse(name + L" has no entry " + vba::FromUtf8(v.dump()));
       return i;
     };
+    std::vector<bool> wanted(list->ListCount(), false);
+    int index = -1;
+    if (value.is_array()) {
+      for (const auto& v : value) wanted[indexOf(v)] = true;
+    } else {
+      index = indexOf(value);
+    }
     if (!Focus(control)) return false;
     if (value.is_array()) {
-      std::vector<bool> wanted(list->ListCount(), false);
-      for (const auto& v : value) wanted[indexOf(v)] = true;
       for (int i = 0; i < list->ListCount(); ++i) list->SetSelected(i, wanted[i]);
     } else {
-      list->SetListIndex(indexOf(value));
+      list->SetListIndex(index);
     }
     return true;
   }
