@@ -4,7 +4,7 @@
 
 namespace quillet::ui {
 
-int Tab::Index() const { return strip_.IndexOf(this); }
+int Tab::Index() const { return strip_.Tabs().IndexOf(this); }
 bool Tab::Selected() const { return strip_.SelectedItem() == this; }
 
 void Tab::SetSelected(bool selected) {
@@ -16,23 +16,23 @@ TabStrip::TabStrip(Form& form, std::wstring name, Control* container, int index)
   Move(0, 0, 2415, 1815);
 }
 
-Tab& TabStrip::AddTab(std::wstring key, std::wstring caption, int index) {
-  std::size_t at = index >= 1 ? static_cast<std::size_t>(index - 1) : tabs_.All().size();
-  Tab& tab = tabs_.Insert(at, std::make_unique<Tab>(*this, std::move(key), std::move(caption)));
-  if (!selected_) selected_ = &tab;
+Tab& TabCollection::Add(std::wstring key, std::wstring caption, int index) {
+  std::size_t at = index >= 1 ? static_cast<std::size_t>(index - 1) : items_.All().size();
+  Tab& tab = items_.Insert(at, std::make_unique<Tab>(strip_, std::move(key), std::move(caption)));
+  if (!strip_.selected_) strip_.selected_ = &tab;
   return tab;
 }
 
-void TabStrip::RemoveTab(int index) {
-  Tab& tab = tabs_.Item(index);
-  bool wasSelected = selected_ == &tab;
-  tabs_.Take(&tab);
-  if (wasSelected) selected_ = tabs_.Count() > 0 ? &tabs_.Item(1) : nullptr;
+void TabCollection::Remove(int index) {
+  Tab& tab = items_.Item(index);
+  bool wasSelected = strip_.selected_ == &tab;
+  items_.Take(&tab);
+  if (wasSelected) strip_.selected_ = items_.Count() > 0 ? &items_.Item(1) : nullptr;
 }
 
-void TabStrip::ClearTabs() {
-  tabs_.Clear();
-  selected_ = nullptr;
+void TabCollection::Clear() {
+  items_.Clear();
+  strip_.selected_ = nullptr;
 }
 
 void TabStrip::SetSelectedItem(Tab& tab) {
@@ -67,8 +67,8 @@ void TabStrip::SaveDesign() {
 
 void TabStrip::RestoreDesign() {
   Control::RestoreDesign();
-  ClearTabs();
-  for (const auto& t : designTabs_) AddTab(t.key, t.caption);
+  tabs_.Clear();
+  for (const auto& t : designTabs_) tabs_.Add(t.key, t.caption);
 }
 
 }  // namespace quillet::ui

@@ -34,20 +34,34 @@ class Tab {
   std::wstring toolTip_;
 };
 
+// The strip's Tabs collection.
+class TabCollection {
+ public:
+  explicit TabCollection(TabStrip& strip) : strip_(strip), items_(L"Tabs") {}
+  // The first tab added becomes the selected one. `index` is 1-based; -1 adds at the end.
+  Tab& Add(std::wstring key, std::wstring caption, int index = -1);
+  int Count() const { return items_.Count(); }
+  Tab& Item(int index) const { return items_.Item(index); }
+  Tab& Item(std::wstring_view key) const { return items_.Item(key); }
+  Tab* Find(std::wstring_view key) const { return items_.Find(key); }
+  int IndexOf(const Tab* tab) const { return items_.IndexOf(tab); }
+  const std::vector<std::unique_ptr<Tab>>& All() const { return items_.All(); }
+  // Removing the selected tab selects the first one left.
+  void Remove(int index);
+  void Clear();
+
+ private:
+  TabStrip& strip_;
+  KeyedItems<Tab> items_;
+};
+
 class TabStrip : public Control {
  public:
   TabStrip(Form& form, std::wstring name, Control* container, int index);
   const char* Kind() const override { return "TabStrip"; }
 
-  // The first tab added becomes the selected one. `index` is 1-based; -1 adds at the end.
-  Tab& AddTab(std::wstring key, std::wstring caption, int index = -1);
-  int TabCount() const { return tabs_.Count(); }
-  Tab& TabItem(int index) const { return tabs_.Item(index); }
-  Tab& TabItem(std::wstring_view key) const { return tabs_.Item(key); }
-  Tab* FindTab(std::wstring_view key) const { return tabs_.Find(key); }
-  int IndexOf(const Tab* tab) const { return tabs_.IndexOf(tab); }
-  void RemoveTab(int index);
-  void ClearTabs();
+  TabCollection& Tabs() { return tabs_; }
+  const TabCollection& Tabs() const { return tabs_; }
 
   // Selecting another tab raises BeforeClick (which may cancel) and Click, from code as
   // from the user.
@@ -64,7 +78,8 @@ class TabStrip : public Control {
   void KeyDownDefault(int keyCode, int shift) override;
 
  private:
-  KeyedItems<Tab> tabs_{L"Tabs"};
+  friend class TabCollection;
+  TabCollection tabs_{*this};
   Tab* selected_ = nullptr;
   struct DesignTab {
     std::wstring key, caption;

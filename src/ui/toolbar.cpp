@@ -9,9 +9,9 @@ Toolbar::Toolbar(Form& form, std::wstring name, Control* container, int index)
   Move(0, 0, 2415, 390);
 }
 
-ToolbarButton& Toolbar::AddButton(std::wstring key, std::wstring caption, std::wstring image, int index) {
-  std::size_t at = index >= 1 ? static_cast<std::size_t>(index - 1) : buttons_.All().size();
-  return buttons_.Insert(at, std::make_unique<ToolbarButton>(std::move(key), std::move(caption), std::move(image)));
+ToolbarButton& ToolbarButtons::Add(std::wstring key, std::wstring caption, std::wstring image, int index) {
+  std::size_t at = index >= 1 ? static_cast<std::size_t>(index - 1) : items_.All().size();
+  return items_.Insert(at, std::make_unique<ToolbarButton>(std::move(key), std::move(caption), std::move(image)));
 }
 
 void Toolbar::DescribeInto(nlohmann::json& out) const {

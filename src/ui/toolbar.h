@@ -36,19 +36,31 @@ class ToolbarButton {
   bool visible_ = true;
 };
 
+// The toolbar's Buttons collection.
+class ToolbarButtons {
+ public:
+  ToolbarButtons() : items_(L"Buttons") {}
+  // `index` is 1-based; -1 adds at the end.
+  ToolbarButton& Add(std::wstring key, std::wstring caption = {}, std::wstring image = {}, int index = -1);
+  int Count() const { return items_.Count(); }
+  ToolbarButton& Item(int index) const { return items_.Item(index); }
+  ToolbarButton& Item(std::wstring_view key) const { return items_.Item(key); }
+  ToolbarButton* Find(std::wstring_view key) const { return items_.Find(key); }
+  const std::vector<std::unique_ptr<ToolbarButton>>& All() const { return items_.All(); }
+  void Clear() { items_.Clear(); }
+
+ private:
+  KeyedItems<ToolbarButton> items_;
+};
+
 class Toolbar : public Control {
  public:
   Toolbar(Form& form, std::wstring name, Control* container, int index);
   const char* Kind() const override { return "Toolbar"; }
   bool TakesFocus() const override { return false; }
 
-  // `index` is 1-based; -1 adds at the end.
-  ToolbarButton& AddButton(std::wstring key, std::wstring caption = {}, std::wstring image = {}, int index = -1);
-  int ButtonCount() const { return buttons_.Count(); }
-  ToolbarButton& Button(int index) const { return buttons_.Item(index); }
-  ToolbarButton& Button(std::wstring_view key) const { return buttons_.Item(key); }
-  ToolbarButton* FindButton(std::wstring_view key) const { return buttons_.Find(key); }
-  const std::vector<std::unique_ptr<ToolbarButton>>& Buttons() const { return buttons_.All(); }
+  ToolbarButtons& Buttons() { return buttons_; }
+  const ToolbarButtons& Buttons() const { return buttons_; }
 
   Event<ToolbarButton&> OnButtonClick;
 
@@ -58,7 +70,7 @@ class Toolbar : public Control {
  private:
   friend class UserInput;
   void Press(ToolbarButton& button) { Raise(OnButtonClick, button); }
-  KeyedItems<ToolbarButton> buttons_{L"Buttons"};
+  ToolbarButtons buttons_;
 };
 
 }  // namespace quillet::ui

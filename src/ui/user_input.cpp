@@ -237,9 +237,9 @@ bool UserInput::Set(Control& control, const nlohmann::json& value) {
     if (value.is_number_integer()) return ChooseTab(*strip, value.get<int>());
     if (!value.is_string()) Refuse(name + L" takes a tab number, key or caption");
     std::wstring text = Text(value);
-    Tab* tab = strip->FindTab(text);
-    for (int i = 1; !tab && i <= strip->TabCount(); ++i)
-      if (vba::EqualsText(strip->TabItem(i).Caption(), text)) tab = &strip->TabItem(i);
+    Tab* tab = strip->Tabs().Find(text);
+    for (int i = 1; !tab && i <= strip->Tabs().Count(); ++i)
+      if (vba::EqualsText(strip->Tabs().Item(i).Caption(), text)) tab = &strip->Tabs().Item(i);
     if (!tab) Refuse(name + L" has no tab '" + text + L"'");
     return ChooseTab(*strip, tab->Index());
   }
@@ -284,7 +284,7 @@ bool UserInput::ClickItem(Control& control, std::wstring_view keyOrText) {
     return true;
   }
   if (auto* bar = dynamic_cast<Toolbar*>(&control)) {
-    ToolbarButton* button = bar->FindButton(keyOrText);
+    ToolbarButton* button = bar->Buttons().Find(keyOrText);
     if (!button || !button->Visible()) Refuse(control.FullName() + L" has no button '" + what + L"'");
     if (!button->Enabled()) Refuse(control.FullName() + L" button '" + what + L"' is disabled");
     bar->Press(*button);
@@ -317,10 +317,10 @@ bool UserInput::EditLabel(ListView& view, std::wstring_view text) {
 
 bool UserInput::ChooseTab(TabStrip& strip, int index) {
   Check(strip);
-  if (index < 1 || index > strip.TabCount())
+  if (index < 1 || index > strip.Tabs().Count())
     Refuse(strip.FullName() + L" has no tab " + std::to_wstring(index));
   if (!Focus(strip)) return false;
-  strip.SetSelectedItem(strip.TabItem(index));
+  strip.SetSelectedItem(strip.Tabs().Item(index));
   return true;
 }
 

@@ -133,9 +133,9 @@ TEST_F(UiTest, TabStripsAndToolbarsRaiseTheirClicks) {
   FrmSample frm(context);
   TabStrip& tabs = frm.Add<TabStrip>(L"tabOptions");
   Toolbar& bar = frm.Add<Toolbar>(L"tbView");
-  for (const wchar_t* c : {L"General", L"Paths", L"Names"}) tabs.AddTab(L"", c);
-  bar.AddButton(L"View Code").SetToolTipText(L"View Code");
-  bar.AddButton(L"HTML").SetEnabled(false);
+  for (const wchar_t* c : {L"General", L"Paths", L"Names"}) tabs.Tabs().Add(L"", c);
+  bar.Buttons().Add(L"View Code").SetToolTipText(L"View Code");
+  bar.Buttons().Add(L"HTML").SetEnabled(false);
   frm.Show();
   std::vector<std::wstring> events;
   tabs.OnClick = [&] { events.push_back(L"Click " + tabs.SelectedItem()->Caption()); };

@@ -33,8 +33,8 @@ TEST_F(UiTest, DescribeGivesEveryControlInCreationOrderWithWhatAppliesToIt) {
   tv.SetSelectedItem(&child);
   lv.Columns().Add(L"name", L"Name", 1500);
   lv.Items().Add(L"C:\\f.bas", L"f").SetSubItem(1, L"Fragment");
-  tabs.AddTab(L"general", L"General");
-  tabs.AddTab(L"paths", L"Paths");
+  tabs.Tabs().Add(L"general", L"General");
+  tabs.Tabs().Add(L"paths", L"Paths");
   rtxt.SetText(L"' note");
   rtxt.Select(0, 6);
   rtxt.SetSelColor(RGB(0, 127, 0));
