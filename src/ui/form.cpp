@@ -97,6 +97,10 @@ void Form::Hide() {
   context_.Hidden(*this);
 }
 
+void Form::SetFocus() {
+  if (visible_) context_.Activate(*this);
+}
+
 bool Form::Unload(int unloadMode) {
   if (!loaded_ || unloading_) return !loaded_;
   struct Busy {

@@ -85,6 +85,8 @@ class Form {
   void Show(bool modal = false);
   // Makes the form invisible; a modal Show returns.
   void Hide();
+  // Brings a showing form to the front as the active one (Activate).
+  void SetFocus();
   // QueryUnload and Unload (either may cancel: then false), then the form leaves Forms
   // and its controls return to their design state.
   bool Unload(int unloadMode = vbFormCode);

@@ -112,10 +112,7 @@ bool UserInput::Key(Control& control, int keyAscii) {
   }
   if (keyAscii == vbKeyTab) {
     // A control alone on its form gets the Tab as a key of its own.
-    if (Control* next = form.NextTabStop(&control)) {
-      form.MoveFocus(*next);
-      return true;
-    }
+    if (Control* next = form.NextTabStop(&control)) return form.MoveFocus(*next);
   }
 
   auto [keyCode, shift] = KeyCodeOf(keyAscii);
@@ -141,8 +138,8 @@ bool UserInput::KeyDown(Control& control, int keyCode, int shift) {
   if (keyCode == vbKeyTab) {
     if (!Focus(control)) return false;
     Form& form = control.Parent();
-    if (Control* next = form.NextTabStop(&control, (shift & vbShiftMask) != 0)) form.MoveFocus(*next);
-    return true;
+    Control* next = form.NextTabStop(&control, (shift & vbShiftMask) != 0);
+    return !next || form.MoveFocus(*next);
   }
   if ((keyCode == vbKeyReturn || keyCode == vbKeyEscape || keyCode == vbKeyBack || keyCode == vbKeySpace) &&
       shift == 0)

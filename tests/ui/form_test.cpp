@@ -33,6 +33,23 @@ TEST_F(UiTest, ShowHideAndUnloadRaiseTheLifeCycleEventsInOrder) {
   EXPECT_THAT(host.Log(), ElementsAre(L"Show frmSample", L"Hide frmSample", L"Unload frmSample"));
 }
 
+TEST_F(UiTest, ModelessFormsTakeTurnsAsTheActiveForm) {
+  FrmSample a(context, L"frmA");
+  FrmSample b(context, L"frmB");
+  a.Show();
+  b.Show();
+  a.SetFocus();
+  EXPECT_EQ(context.ActiveForm(), &a);
+  b.Unload();  // not the active one: nothing changes for a
+  a.Hide();
+  EXPECT_EQ(context.ActiveForm(), nullptr);
+  EXPECT_THAT(a.events, ElementsAre(L"Load", L"Activate", L"txtName_GotFocus", L"Deactivate", L"Activate",
+                                    L"Deactivate"));
+  EXPECT_THAT(b.events, ElementsAre(L"Load", L"Activate", L"txtName_GotFocus", L"Deactivate", L"QueryUnload 1",
+                                    L"Unload"));
+  EXPECT_THAT(context.Forms(), ElementsAre(&a));
+}
+
 TEST_F(UiTest, AModalFormBlocksItsCallerUntilItHides) {
   FrmSample frm(context);
   std::vector<std::wstring> order;
