@@ -88,7 +88,9 @@ MemoryComponent::MemoryComponent(MemoryVBE& vbe, std::weak_ptr<MemoryProject> pr
     : vbe_(vbe), project_(std::move(project)), file_(std::move(file)), name_(file_.name), type_(file_.type) {}
 
 void MemoryComponent::Init() {
-  module_ = std::make_shared<MemoryCodeModule>(vbe_, weak_from_this(), file_.code);
+  // The code lives in the module from here on; the file keeps the rest.
+  module_ = std::make_shared<MemoryCodeModule>(vbe_, weak_from_this(), std::move(file_.code));
+  file_.code.clear();
   if (type_ == kMSForm) designer_ = std::make_shared<MemoryDesigner>();
 }
 
@@ -316,12 +318,12 @@ std::shared_ptr<MemoryProject> MemoryVBE::AddProject(std::wstring name, std::wst
   return p;
 }
 
-std::shared_ptr<MemoryProject> MemoryVBE::AddProject(const io::ProjectFolder& folder) {
+std::shared_ptr<MemoryProject> MemoryVBE::AddProject(io::ProjectFolder folder) {
   auto p = AddProject(folder.name, folder.fileName);
   p->folder = folder.folder;
   p->SetProtection(folder.protection);
-  p->SetReferences(folder.references);
-  for (const auto& m : folder.modules) p->AddComponent(m);
+  p->SetReferences(std::move(folder.references));
+  for (auto& m : folder.modules) p->AddComponent(std::move(m));
   return p;
 }
 

@@ -174,7 +174,7 @@ class MemoryVBE : public VBE {
   // Set-up and inspection.
   MemoryPlatform& Platform() { return platform_; }
   std::shared_ptr<MemoryProject> AddProject(std::wstring name, std::wstring fileName = {});
-  std::shared_ptr<MemoryProject> AddProject(const io::ProjectFolder& folder);
+  std::shared_ptr<MemoryProject> AddProject(io::ProjectFolder folder);
   void RemoveProject(const std::shared_ptr<MemoryProject>& project);
   std::shared_ptr<MemoryProject> Project(std::wstring_view name) const;
   const std::vector<std::shared_ptr<MemoryProject>>& Projects() const { return projects_; }

@@ -141,12 +141,13 @@ std::optional<ProcedureHeader> ParseProcedureHeader(std::wstring_view logicalLin
   return h;
 }
 
-void ExtractMemberAttributes(const std::vector<std::wstring>& lines, std::vector<std::wstring>& code,
+void ExtractMemberAttributes(std::vector<std::wstring> lines, std::vector<std::wstring>& code,
                              std::vector<MemberAttribute>& attributes) {
   code.clear();
+  code.reserve(lines.size());
   attributes.clear();
   std::size_t logicalStart = 0;
-  for (const std::wstring& line : lines) {
+  for (std::wstring& line : lines) {
     bool continued = !code.empty() && ContinuesOnNextLine(code.back());
     if (!continued && ParseAttributeLine(line)) {
       int at = static_cast<int>(code.size());
@@ -169,7 +170,7 @@ void ExtractMemberAttributes(const std::vector<std::wstring>& lines, std::vector
       continue;
     }
     if (!continued) logicalStart = code.size();
-    code.push_back(line);
+    code.push_back(std::move(line));
   }
 }
 

@@ -31,7 +31,7 @@ bool ContinuesOnNextLine(std::wstring_view line);
 
 // Splits the lines that follow a module's header into the code the editor shows and
 // the attribute lines, each group anchored to the procedure header or line before it.
-void ExtractMemberAttributes(const std::vector<std::wstring>& lines, std::vector<std::wstring>& code,
+void ExtractMemberAttributes(std::vector<std::wstring> lines, std::vector<std::wstring>& code,
                              std::vector<MemberAttribute>& attributes);
 
 struct PlacedCode {

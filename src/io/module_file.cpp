@@ -1,5 +1,7 @@
 #include "io/module_file.h"
 
+#include <optional>
+
 #include "io/member_attributes.h"
 #include "io/module_text.h"
 #include "io/paths.h"
@@ -91,17 +93,21 @@ std::vector<std::wstring> HeaderNaming(std::vector<std::wstring> header, std::ws
   return header;
 }
 
-// Whether the module still holds exactly what its original bytes say.
-bool SameAsLoaded(const ModuleFile& m) {
-  if (m.original.empty() || m.code != m.originalCode) return false;
+// The module as its original bytes say, read again when it is saved (so that loading
+// keeps no second copy of the code); nothing for a new module.
+std::optional<ModuleFile> AsLoaded(const ModuleFile& m) {
+  if (m.original.empty()) return std::nullopt;
   try {
-    ModuleFile o = ParseModuleFile(m.original, m.name);
-    return o.name == m.name && o.header == m.header && o.code == m.code &&
-           o.memberAttributes == m.memberAttributes && o.encoding == m.encoding && o.lineEnd == m.lineEnd &&
-           o.finalLineEnd == m.finalLineEnd;
+    return ParseModuleFile(m.original, m.name);
   } catch (const vba::Error&) {
-    return false;
+    return std::nullopt;
   }
+}
+
+// Whether the module still holds exactly what its original bytes say.
+bool SameAsLoaded(const ModuleFile& m, const ModuleFile& o) {
+  return o.name == m.name && o.header == m.header && o.code == m.code && o.memberAttributes == m.memberAttributes &&
+         o.encoding == m.encoding && o.lineEnd == m.lineEnd && o.finalLineEnd == m.finalLineEnd;
 }
 
 // The document classes a new document module derives from, by the host's usual names.
@@ -115,7 +121,7 @@ std::wstring DocumentBase(std::wstring_view name) {
 
 ModuleFile ParseModuleFile(std::string_view bytes, std::wstring_view fileName) {
   ModuleText text = DecodeModuleText(bytes, fileName);
-  const std::vector<std::wstring>& lines = text.lines;
+  std::vector<std::wstring>& lines = text.lines;
   ModuleFile m;
   std::size_t end = ReadHeader(lines, fileName, m.type);
 
@@ -133,20 +139,21 @@ ModuleFile ParseModuleFile(std::string_view bytes, std::wstring_view fileName) {
       if (auto a = ParseAttributeLine(lines[k]); a && vba::EqualsText(a->name, L"VB_Base")) m.type = 100;
 
   m.header.assign(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(end));
-  ExtractMemberAttributes(std::vector<std::wstring>(lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()),
+  ExtractMemberAttributes(std::vector<std::wstring>(std::make_move_iterator(lines.begin() + static_cast<std::ptrdiff_t>(end)),
+                                                    std::make_move_iterator(lines.end())),
                           m.code, m.memberAttributes);
   m.encoding = text.encoding;
   m.lineEnd = text.lineEnd;
   m.finalLineEnd = text.finalLineEnd;
   m.original = std::string(bytes);
-  m.originalCode = m.code;
   return m;
 }
 
 std::string SerializeModuleFile(const ModuleFile& module) {
-  if (SameAsLoaded(module)) return module.original;
+  std::optional<ModuleFile> loaded = AsLoaded(module);
+  if (loaded && SameAsLoaded(module, *loaded)) return module.original;
   std::vector<std::wstring> lines = HeaderNaming(module.header, module.name);
-  PlacedCode placed = PlaceMemberAttributes(module.code, module.memberAttributes, module.code == module.originalCode);
+  PlacedCode placed = PlaceMemberAttributes(module.code, module.memberAttributes, loaded && loaded->code == module.code);
   // Attributes whose procedure or declaration is gone stay with the module's own
   // attributes, where the file still loads and nothing is lost.
   lines.insert(lines.end(), placed.orphans.begin(), placed.orphans.end());

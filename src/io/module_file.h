@@ -36,7 +36,6 @@ struct ModuleFile {
   LineEnd lineEnd = LineEnd::CrLf;
   bool finalLineEnd = true;          // the file ended with a line end
   std::string original;              // the bytes as loaded; empty for a new module
-  std::vector<std::wstring> originalCode;  // code as loaded, to tell whether it changed
 };
 
 // Parses a module file. `fileName` names the file in every error. Raises vba::Error with a

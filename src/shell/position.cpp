@@ -1,5 +1,6 @@
 #include "shell/position.h"
 
+#include "vba/error.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
 #include "vba/text.h"

@@ -141,11 +141,10 @@ std::optional<std::wstring> FromUtf8Strict(std::string_view s) {
 }
 
 std::wstring FromWindows1252(std::string_view bytes) {
-  std::wstring out;
-  out.reserve(bytes.size());
-  for (char ch : bytes) {
-    auto b = static_cast<unsigned char>(ch);
-    out += (b >= 0x80 && b <= 0x9F) ? static_cast<wchar_t>(kHigh[b - 0x80]) : static_cast<wchar_t>(b);
+  std::wstring out(bytes.size(), L'\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    auto b = static_cast<unsigned char>(bytes[i]);
+    out[i] = (b & 0xE0) == 0x80 ? static_cast<wchar_t>(kHigh[b - 0x80]) : static_cast<wchar_t>(b);
   }
   return out;
 }
