@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "frontends/cli/scenario_runner.h"
 #include "version.h"
 
 namespace quillet::cli {
@@ -12,7 +13,8 @@ int Main(int argc, char** argv) {
     std::printf("quillet %d.%d.%d\n", kVersionMajor, kVersionMinor, kVersionRevision);
     return 0;
   }
-  std::fprintf(stderr, "usage: quillet script FILE|-\n");
+  if (argc == 3 && std::strcmp(argv[1], "script") == 0) return RunScriptCommand(argv[2]);
+  std::fprintf(stderr, "usage: quillet script FILE|-\n       quillet --version\n");
   return 2;
 }
 

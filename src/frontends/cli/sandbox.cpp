@@ -34,9 +34,11 @@ std::unique_ptr<io::MappedFileSystem> Sandbox::TakeFileSystem() {
 
 void Sandbox::MakeFolders(std::wstring_view folder) {
   std::wstring path = io::NormalizePath(folder);
-  if (path.empty() || view_->FolderExists(path)) return;
-  std::wstring parent = io::FolderOf(path.back() == L'\\' ? path.substr(0, path.size() - 1) : path);
-  if (!parent.empty() && parent != path) MakeFolders(parent);
+  while (!path.empty() && path.back() == L'\\') path.pop_back();
+  // A drive ("C:") or a share needs no making: the file system makes it on first use.
+  std::wstring parent = io::FolderOf(path);
+  if (parent.empty() || view_->FolderExists(path)) return;
+  if (parent.size() > 3 || parent.find(L':') == std::wstring::npos) MakeFolders(parent);
   if (!view_->FolderExists(path)) view_->CreateFolder(path);
 }
 

@@ -1,0 +1,384 @@
+#include "frontends/cli/scenario_runner.h"
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "frontends/cli/json_text.h"
+#include "frontends/cli/runner_ui_host.h"
+#include "frontends/cli/scenario_error.h"
+#include "io/paths.h"
+#include "io/project_folder.h"
+#include "ui/form.h"
+#include "ui/user_input.h"
+#include "vba/dates.h"
+#include "vba/error.h"
+
+namespace quillet::cli {
+namespace {
+
+constexpr const wchar_t* kProgramFolder = L"C:\\Program Files\\Quillet\\";
+constexpr const wchar_t* kTempFolder = L"C:\\Temp\\";
+constexpr const wchar_t* kEditorKey = L"Software\\Microsoft\\VBA\\6.0\\Common";
+
+// The editor's own per-user values; any other registry key is one of the application's.
+bool IsEditorValue(const std::string& name) {
+  for (const char* v : {"TabWidth", "FontFace", "FontHeight", "AlignToGrid", "GridWidth", "GridHeight"})
+    if (name == v) return true;
+  return false;
+}
+
+std::wstring ValueText(const json& v) {
+  if (v.is_string()) return W(v);
+  if (v.is_boolean()) return v.get<bool>() ? L"-1" : L"0";
+  return W(json(v.dump()));
+}
+
+// An Office application given by one of the small add-ins.
+class ScenarioApplication : public host::OfficeApplication {
+ public:
+  explicit ScenarioApplication(std::wstring name) : name_(std::move(name)) {}
+  std::wstring Name() const override { return name_; }
+
+ private:
+  std::wstring name_;
+};
+
+}  // namespace
+
+ScenarioRunner::ScenarioRunner() = default;
+
+ScenarioRunner::~ScenarioRunner() {
+  // The session goes first: its forms and timers reach into the rest.
+  connect_.reset();
+  session_.reset();
+  ui_.reset();
+}
+
+const json* ScenarioRunner::PeekStep() const { return next_ < steps_.size() ? &steps_[next_] : nullptr; }
+
+std::string ScenarioRunner::StepLabel(std::size_t index) const {
+  if (index >= steps_.size()) return "the end of the scenario";
+  std::string text = steps_[index].dump();
+  if (text.size() > 120) text = text.substr(0, 117) + "...";
+  return "step " + std::to_string(index + 1) + " " + text;
+}
+
+void ScenarioRunner::WrongAnswer(const std::string& asked, const char* answerStep) const {
+  if (next_ >= steps_.size())
+    throw ScenarioError{"the engine asked for " + asked + " after the last step; add a \"" + answerStep +
+                        "\" step to answer it"};
+  throw ScenarioError{StepLabel(next_) + ": the engine is asking for " + asked + ", which this step does not answer"};
+}
+
+void ScenarioRunner::RunNextStep() {
+  if (next_ >= steps_.size()) {
+    ui::Form* waiting = ui_ ? ui_->TopModal() : nullptr;
+    throw ScenarioError{"the scenario ended while the modal form " + (waiting ? U(waiting->Name()) : std::string("?")) +
+                        " waits for the user"};
+  }
+  const json& step = steps_[next_++];
+  Execute(step);
+  Settle();
+}
+
+void ScenarioRunner::Settle() {
+  if (platform_) platform_->DoEvents();
+}
+
+int ScenarioRunner::Run(const json& scenario) {
+  if (!scenario.is_object()) throw UnreadableInput{"a scenario is a JSON object"};
+  try {
+    Setup(scenario);
+    if (scenario.contains("steps")) {
+      if (!scenario["steps"].is_array()) throw UnreadableInput{"\"steps\" must be an array"};
+      steps_ = scenario["steps"];
+    }
+    Start(scenario.value("start", std::string("auto")));
+    while (next_ < steps_.size()) RunNextStep();
+    Finish(true, "");
+    return 0;
+  } catch (const ScenarioError& e) {
+    Finish(false, e.message);
+    return 1;
+  } catch (const ui::InputRefused& e) {
+    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    return 1;
+  } catch (const json::exception& e) {
+    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    return 1;
+  } catch (const std::exception& e) {
+    // The runner's own work failed (a file of the scenario could not be written).
+    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    return 1;
+  }
+}
+
+void ScenarioRunner::Setup(const json& s) {
+  vba::DateTime start{2000, 1, 1, 0, 0, 0};
+  if (s.contains("now")) {
+    auto parsed = s["now"].is_string() ? vba::ParseDate(W(s["now"])) : std::nullopt;
+    if (!parsed) throw UnreadableInput{"\"now\" is not a date and time like \"2026-11-22 14:05:00\""};
+    start = *parsed;
+  }
+  clock_.SetStart(start);
+
+  SetupHome(s);
+  platform_ = std::make_unique<host::MemoryPlatform>(sandbox_.TakeFileSystem(), kProgramFolder, kTempFolder);
+  platform_->onEvent = [this](const host::MemoryPlatform::Event& e) { Record({{e.kind, U(e.text)}}); };
+  vbe_ = std::make_unique<host::MemoryVBE>(*platform_);
+  uiHost_ = std::make_unique<RunnerUiHost>(*this);
+  ui_ = std::make_unique<ui::UiContext>(*uiHost_, clock_);
+  session_ = std::make_unique<shell::Session>(*platform_, *ui_);
+  connect_ = std::make_unique<shell::Connect>(*session_);
+  excel_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostExcel);
+  word_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostWord);
+  access_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostAccess);
+
+  if (s.contains("registry")) {
+    if (!s["registry"].is_object()) throw UnreadableInput{"\"registry\" must be an object"};
+    for (const auto& [name, value] : s["registry"].items()) {
+      if (IsEditorValue(name))
+        platform_->SetRegistryValue(kEditorKey, W(json(name)), ValueText(value));
+      else
+        platform_->SaveSetting(L"Quillet", L"Quillet", W(json(name)), ValueText(value));
+    }
+  }
+  if (s.contains("hosts")) {
+    for (const auto& h : s["hosts"]) {
+      std::string name = h.get<std::string>();
+      if (name == "Excel") excelApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Excel");
+      else if (name == "Word") wordApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Word");
+      else if (name == "Access") accessApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Access");
+      else throw UnreadableInput{"unknown host \"" + name + "\" (Excel, Word or Access)"};
+    }
+  }
+  if (s.contains("projects")) SetupProjects(s["projects"]);
+  SetupActive(s.contains("active") ? s["active"] : json::object());
+  if (s.contains("clipboard")) {
+    if (!s["clipboard"].is_string()) throw UnreadableInput{"\"clipboard\" must be a text"};
+    platform_->ClipboardSetText(W(s["clipboard"]));
+  }
+  before_ = sandbox_.Snapshot();
+}
+
+void ScenarioRunner::SetupHome(const json& s) {
+  if (!s.value("bareHome", false)) sandbox_.CopyIn(DataFolder(), kProgramFolder);
+  sandbox_.MakeFolders(kProgramFolder);
+  sandbox_.MakeFolders(kTempFolder);
+  if (s.contains("home")) {
+    if (!s["home"].is_object()) throw UnreadableInput{"\"home\" must be an object of files"};
+    for (const auto& [rel, content] : s["home"].items()) {
+      std::wstring path = io::JoinPath(kProgramFolder, io::NormalizePath(W(json(rel))));
+      sandbox_.Write(path, content.get<std::string>());
+    }
+  }
+  if (s.contains("files")) {
+    if (!s["files"].is_object()) throw UnreadableInput{"\"files\" must be an object of files"};
+    for (const auto& [path, content] : s["files"].items()) {
+      std::wstring p = W(json(path));
+      if (!io::IsAbsoluteWindowsPath(p)) throw UnreadableInput{"\"files\": \"" + path + "\" is no full Windows path"};
+      sandbox_.Write(p, content.get<std::string>());
+    }
+  }
+  if (s.value("testing", false)) sandbox_.Write(io::JoinPath(kProgramFolder, L"testing.txt"), "");
+  if (s.contains("settings") || s.contains("firstRun"))
+    SetupSettings(s.value("firstRun", false), s.contains("settings") ? s["settings"] : json::object());
+}
+
+void ScenarioRunner::SetupProjects(const json& projects) {
+  if (!projects.is_array()) throw UnreadableInput{"\"projects\" must be an array"};
+  for (const auto& p : projects) AddProject(p);
+}
+
+void ScenarioRunner::AddProject(const json& p) {
+  if (!p.is_object() || !p.contains("name")) throw ScenarioError{"a project needs a \"name\""};
+  auto project = vbe_->AddProject(W(p["name"]), p.contains("fileName") ? W(p["fileName"]) : std::wstring());
+  project->SetProtection(p.value("protection", 0));
+  if (p.contains("references")) {
+    std::vector<io::ReferenceInfo> refs;
+    std::vector<io::ReferenceInfo> known = io::DefaultReferences();
+    for (const auto& r : p["references"]) {
+      io::ReferenceInfo info;
+      info.name = W(r.at("name"));
+      for (const auto& k : known)
+        if (k.name == info.name) info = k;
+      if (r.contains("fullPath")) info.fullPath = W(r["fullPath"]);
+      info.isBroken = r.value("broken", false);
+      refs.push_back(info);
+    }
+    project->SetReferences(refs);
+  } else {
+    project->SetReferences(io::DefaultReferences());
+  }
+  if (p.contains("components")) {
+    for (const auto& c : p["components"]) {
+      if (!c.contains("name")) throw ScenarioError{"a component needs a \"name\""};
+      if (project->Component(W(c["name"])))
+        throw ScenarioError{"project " + U(project->Name()) + " has two components named " + c["name"].get<std::string>()};
+      project->AddComponent(W(c["name"]), c.value("type", 1), c.contains("code") ? CodeLines(c["code"]) : std::vector<std::wstring>{});
+    }
+  }
+}
+
+std::shared_ptr<host::MemoryProject> ScenarioRunner::ProjectNamed(const std::string& name) const {
+  auto p = vbe_->Project(W(json(name)));
+  if (!p) throw ScenarioError{"there is no project named \"" + name + "\""};
+  return p;
+}
+
+std::shared_ptr<host::MemoryComponent> ScenarioRunner::Component(const json& ref) const {
+  std::shared_ptr<host::MemoryProject> project;
+  std::string name;
+  if (ref.is_object()) {
+    project = ProjectNamed(ref.at("project").get<std::string>());
+    name = ref.at("component").get<std::string>();
+  } else {
+    name = ref.get<std::string>();
+    auto active = std::static_pointer_cast<host::MemoryProject>(vbe_->ActiveVBProject());
+    project = active;
+    if (!project || !project->Component(W(json(name))))
+      for (const auto& p : vbe_->Projects())
+        if (p->Component(W(json(name)))) project = p;
+  }
+  auto c = project ? project->Component(W(json(name))) : nullptr;
+  if (!c) throw ScenarioError{"there is no component named \"" + name + "\""};
+  return c;
+}
+
+void ScenarioRunner::SetupActive(const json& active) {
+  if (vbe_->Projects().empty()) return;
+  std::shared_ptr<host::MemoryComponent> component;
+  if (active.contains("component")) {
+    json ref = active.contains("project") ? json{{"project", active["project"]}, {"component", active["component"]}}
+                                          : active["component"];
+    component = Component(ref);
+  } else if (active.contains("project")) {
+    auto p = ProjectNamed(active["project"]);
+    vbe_->SetActiveVBProject(p);
+    if (!p->Components().empty()) component = p->Components().front();
+  } else if (!vbe_->Projects().front()->Components().empty()) {
+    component = vbe_->Projects().front()->Components().front();
+  }
+  if (component) {
+    vbe_->ActivateComponent(component);
+    if (active.contains("selection")) {
+      const json& sel = active["selection"];
+      if (!sel.is_array() || sel.size() != 4) throw UnreadableInput{"\"selection\" is [startLine, startColumn, endLine, endColumn]"};
+      vbe_->ActiveCodePane()->SetSelection(sel[0], sel[1], sel[2], sel[3]);
+    }
+  }
+  if (active.contains("window")) ExecuteEditorStep("window", active["window"]);
+}
+
+void ScenarioRunner::Start(const std::string& mode) {
+  if (excelApp_) excel_->OnConnection(excelApp_);
+  if (wordApp_) word_->OnConnection(wordApp_);
+  if (accessApp_) access_->OnConnection(accessApp_);
+  if (mode == "auto") {
+    Connect(1);
+    clock_.Advance(500);
+    Settle();
+  } else if (mode != "manual") {
+    throw UnreadableInput{"\"start\" is \"auto\" or \"manual\""};
+  }
+}
+
+void ScenarioRunner::Connect(int connectMode) {
+  if (connected_) throw ScenarioError{StepLabel(next_ - 1) + ": the add-in is connected already"};
+  connected_ = true;
+  connect_->OnConnection(vbe_.get(), connectMode);
+  if (connectMode == 0) connect_->OnAddInsUpdate();
+}
+
+void ScenarioRunner::Disconnect() {
+  if (!connected_) throw ScenarioError{StepLabel(next_ - 1) + ": the add-in is not connected"};
+  connected_ = false;
+  connect_->OnDisconnection(1);
+}
+
+void ScenarioRunner::Finish(bool ok, const std::string& error) {
+  json out;
+  out["ok"] = ok;
+  out["error"] = ok ? json(nullptr) : json(error);
+  json projects = json::array();
+  if (vbe_) {
+    for (const auto& p : vbe_->Projects()) {
+      json comps = json::array();
+      for (const auto& c : p->Components())
+        comps.push_back({{"name", U(c->Name())}, {"type", c->Type()}, {"code", LinesJson(c->Module()->AllLines())}});
+      projects.push_back({{"name", U(p->Name())}, {"components", comps}});
+    }
+  }
+  out["projects"] = projects;
+  json active = nullptr;
+  if (vbe_ && vbe_->ActiveCodePane()) {
+    auto module = vbe_->ActiveCodePane()->CodeModule();
+    auto component = module->Parent();
+    auto project = std::static_pointer_cast<host::MemoryComponent>(component)->Project();
+    long a, b, c, d;
+    vbe_->ActiveCodePane()->GetSelection(a, b, c, d);
+    active = {{"project", U(project ? project->Name() : L"")}, {"component", U(component->Name())},
+              {"selection", {a, b, c, d}}};
+  }
+  out["active"] = active;
+  out["clipboard"] = platform_ ? U(platform_->ClipboardGetText()) : "";
+  out["immediate"] = vbe_ ? U(vbe_->ImmediateText()) : "";
+  json home = json::object(), written = json::object();
+  std::wstring programFolder = kProgramFolder;
+  for (const auto& [path, bytes] : sandbox_.Snapshot()) {
+    auto was = before_.find(path);
+    if (was != before_.end() && was->second == bytes) continue;
+    if (vba::StartsWithText(path, programFolder)) {
+      std::wstring rel = path.substr(programFolder.size());
+      home[U(rel)] = FileText(bytes);
+    } else {
+      written[U(path)] = FileText(bytes);
+    }
+  }
+  out["home"] = home;
+  out["written"] = written;
+  out["transcript"] = transcript_;
+  output_ = out;
+}
+
+int RunScriptCommand(const std::string& path) {
+  std::string text;
+  if (path == "-") {
+    text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+  } else {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+      std::cerr << "quillet script: cannot read " << path << "\n";
+      std::cout << json{{"ok", false}, {"error", "cannot read " + path}}.dump() << "\n";
+      return 2;
+    }
+    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
+  json scenario;
+  try {
+    scenario = json::parse(text);
+  } catch (const json::parse_error& e) {
+    std::string why = std::string("the scenario is not valid JSON: ") + e.what();
+    std::cerr << "quillet script: " << why << "\n";
+    std::cout << json{{"ok", false}, {"error", why}}.dump() << "\n";
+    return 2;
+  }
+  int status;
+  json output;
+  try {
+    ScenarioRunner runner;
+    status = runner.Run(scenario);
+    output = runner.Output();
+  } catch (const UnreadableInput& e) {
+    std::cerr << "quillet script: " << e.message << "\n";
+    std::cout << json{{"ok", false}, {"error", e.message}}.dump() << "\n";
+    return 2;
+  }
+  if (status != 0) std::cerr << "quillet script: " << output["error"].get<std::string>() << "\n";
+  std::cout << output.dump(2, ' ', false, json::error_handler_t::replace) << "\n";
+  return status;
+}
+
+}  // namespace quillet::cli

@@ -1,0 +1,90 @@
+#pragma once
+// Plays a scenario against a session on the in-memory editor and reports its outcome as
+// JSON (see the scenario format document).
+#include <nlohmann/json.hpp>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "frontends/cli/sandbox.h"
+#include "hostmodel/clock.h"
+#include "hostmodel/memory_platform.h"
+#include "hostmodel/memory_vbe.h"
+#include "shell/connect.h"
+#include "shell/session.h"
+#include "ui/ui_context.h"
+
+namespace quillet::cli {
+
+using nlohmann::json;
+class RunnerUiHost;
+
+class ScenarioRunner {
+ public:
+  ScenarioRunner();
+  ~ScenarioRunner();
+
+  // Plays the scenario; the exit status: 0 played to its end, 1 the scenario is wrong.
+  // Unreadable input throws UnreadableInput.
+  int Run(const json& scenario);
+  // The outcome, complete after Run.
+  const json& Output() const { return output_; }
+
+  // For the UiHost: the step that would run next (nullptr at the end), its use as an
+  // answer, and running it while a modal form waits.
+  const json* PeekStep() const;
+  void ConsumeStep() { ++next_; }
+  void RunNextStep();
+  // "step 3 {"click":"cmdOK"}" for messages.
+  std::string StepLabel(std::size_t index) const;
+  std::size_t NextIndex() const { return next_; }
+  void Record(json entry) { transcript_.push_back(std::move(entry)); }
+  // A scenario error about what the engine is waiting for.
+  [[noreturn]] void WrongAnswer(const std::string& asked, const char* answerStep) const;
+
+ private:
+  void Setup(const json& s);
+  void SetupHome(const json& s);
+  void SetupSettings(bool firstRun, const json& values);
+  void SetupProjects(const json& projects);
+  void AddProject(const json& p);
+  void SetupActive(const json& active);
+  void Start(const std::string& mode);
+
+  void Execute(const json& step);
+  void ExecuteFormStep(const json& step);
+  void ExecuteEditorStep(const std::string& kind, const json& value);
+  // After each outside event: keystrokes land, as the host's message loop delivers them.
+  void Settle();
+
+  void Connect(int connectMode);
+  void Disconnect();
+  std::shared_ptr<host::MemoryComponent> Component(const json& ref) const;
+  std::shared_ptr<host::MemoryProject> ProjectNamed(const std::string& name) const;
+  json DumpBar() const;
+  void Finish(bool ok, const std::string& error);
+
+  Sandbox sandbox_;
+  host::Clock clock_;
+  std::unique_ptr<host::MemoryPlatform> platform_;
+  std::unique_ptr<host::MemoryVBE> vbe_;
+  std::unique_ptr<RunnerUiHost> uiHost_;
+  std::unique_ptr<ui::UiContext> ui_;
+  std::unique_ptr<shell::Session> session_;
+  std::unique_ptr<shell::Connect> connect_;
+  std::unique_ptr<shell::OfficeConnect> excel_, word_, access_;
+  std::shared_ptr<host::OfficeApplication> excelApp_, wordApp_, accessApp_;
+  bool connected_ = false;
+
+  json steps_ = json::array();
+  std::size_t next_ = 0;
+  json transcript_ = json::array();
+  std::map<std::wstring, std::string> before_;
+  json output_;
+};
+
+// `quillet script FILE|-`: reads the scenario, plays it, prints the outcome.
+int RunScriptCommand(const std::string& path);
+
+}  // namespace quillet::cli

@@ -1,0 +1,204 @@
+// The steps of a scenario: what the host, the user and the clock do.
+#include <set>
+
+#include "frontends/cli/json_text.h"
+#include "frontends/cli/scenario_error.h"
+#include "frontends/cli/scenario_runner.h"
+#include "hostmodel/keystrokes.h"
+#include "shell/errors.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+#include "ui/user_input.h"
+#include "vba/error.h"
+
+namespace quillet::cli {
+namespace {
+
+const std::set<std::string> kAnswerSteps = {"msgbox", "inputbox", "file", "folder"};
+const std::set<std::string> kEditorSteps = {"select",  "activate",        "window",    "selectComponent",
+                                            "type",    "setCode",         "addComponent", "removeComponent",
+                                            "addProject", "closeProject", "protect",   "clipboard"};
+
+std::string KeyOf(const json& step) {
+  if (!step.is_object() || step.empty()) throw ScenarioError{"a step is a JSON object with one kind of action"};
+  return step.begin().key();
+}
+
+}  // namespace
+
+void ScenarioRunner::Execute(const json& step) {
+  std::string label = StepLabel(next_ - 1);
+  if (step.is_object() && step.contains("form")) return ExecuteFormStep(step);
+  std::string kind = KeyOf(step);
+  const json& value = step[kind];
+  if (kAnswerSteps.count(kind))
+    throw ScenarioError{label + ": this step answers a " + kind + ", but the engine is not asking for one"};
+  // What the engine does on these steps it reports itself; an error that still comes out
+  // is reported the same way, and the scenario goes on.
+  auto engine = [&](auto&& body) {
+    try {
+      body();
+    } catch (const vba::Error& e) {
+      shell::HandleError(*session_, e, 0, L"quillet script");
+    } catch (const ui::InputRefused&) {
+      throw;
+    } catch (const std::exception& e) {
+      shell::HandleError(*session_, shell::InternalError(e), 0, L"quillet script");
+    }
+  };
+  if (kind == "connect") return Connect(0);
+  if (kind == "disconnect") return Disconnect();
+  if (kind == "tick") {
+    if (!value.is_number_integer() || value.get<long long>() < 0)
+      throw ScenarioError{label + ": \"tick\" takes a number of milliseconds"};
+    return engine([&] { clock_.Advance(value.get<long long>()); });
+  }
+  if (kind == "click") {
+    if (!connected_) throw ScenarioError{label + ": the add-in is not connected, so it has no command bar"};
+    throw ScenarioError{label + ": not available: the command bar arrives with the menus"};
+  }
+  if (kind == "command") throw ScenarioError{label + ": not available: the statement commands arrive with the dispatcher"};
+  if (kind == "dumpBar") return Record(DumpBar());
+  if (kind == "dump") throw ScenarioError{label + ": not available: the tool windows arrive later"};
+  if (kEditorSteps.count(kind)) return ExecuteEditorStep(kind, value);
+  throw ScenarioError{label + ": unknown step \"" + kind + "\""};
+}
+
+void ScenarioRunner::ExecuteFormStep(const json& step) {
+  std::string label = StepLabel(next_ - 1);
+  ui::Form& form = ui::UserInput::FindForm(*ui_, W(step["form"]));
+  auto controlOf = [&](const json& name) -> ui::Control& { return ui::UserInput::FindControl(form, W(name)); };
+  if (step.contains("set")) {
+    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), value);
+  } else if (step.contains("click")) {
+    ui::UserInput::Click(controlOf(step["click"]));
+  } else if (step.contains("dblclick")) {
+    ui::UserInput::DblClick(controlOf(step["dblclick"]));
+  } else if (step.contains("key")) {
+    const json& k = step["key"];
+    ui::Control& c = controlOf(k.at("control"));
+    if (k.contains("keyAscii")) ui::UserInput::Key(c, k["keyAscii"].get<int>());
+    else ui::UserInput::KeyDown(c, k.at("keyCode").get<int>(), k.value("shift", 0));
+  } else if (step.contains("caret")) {
+    const json& k = step["caret"];
+    ui::UserInput::Caret(controlOf(k.at("control")), k.at("start").get<long>(), k.value("length", 0L));
+  } else if (step.contains("node")) {
+    for (const auto& [name, key] : step["node"].items()) {
+      auto* tree = dynamic_cast<ui::TreeView*>(&controlOf(json(name)));
+      if (!tree) throw ScenarioError{label + ": " + name + " is no tree view"};
+      ui::UserInput::ClickNode(*tree, W(key));
+    }
+  } else if (step.contains("item")) {
+    for (const auto& [name, key] : step["item"].items()) ui::UserInput::ClickItem(controlOf(json(name)), W(key));
+  } else if (step.contains("tab")) {
+    for (const auto& [name, index] : step["tab"].items()) {
+      auto* strip = dynamic_cast<ui::TabStrip*>(&controlOf(json(name)));
+      if (!strip) throw ScenarioError{label + ": " + name + " is no tab strip"};
+      ui::UserInput::ChooseTab(*strip, index.get<int>());
+    }
+  } else if (step.contains("dump")) {
+    Record({{"dump", form.Describe()}});
+  } else {
+    throw ScenarioError{label + ": a form step sets, clicks, dblclicks, keys, carets, nodes, items, tabs or dumps"};
+  }
+}
+
+void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& value) {
+  std::string label = next_ > 0 ? StepLabel(next_ - 1) : std::string("\"active\"");
+  if (kind == "select") {
+    auto pane = vbe_->ActiveCodePane();
+    if (!pane) throw ScenarioError{label + ": no code pane is open to select in"};
+    if (!value.is_array() || value.size() != 4) throw ScenarioError{label + ": a selection is [l1, c1, l2, c2]"};
+    pane->SetSelection(value[0], value[1], value[2], value[3]);
+  } else if (kind == "activate") {
+    vbe_->ActivateComponent(Component(value));
+  } else if (kind == "window") {
+    std::string which = value.get<std::string>();
+    std::shared_ptr<host::MemoryWindow> w;
+    if (which == "immediate") {
+      w = vbe_->WindowOfType(host::kImmediateWindow);
+    } else if (which == "projectExplorer") {
+      w = vbe_->WindowOfType(host::kProjectWindow);
+    } else if (which == "code") {
+      auto pane = vbe_->ActiveCodePane();
+      if (!pane) throw ScenarioError{label + ": no code window is open"};
+      return pane->Show();
+    } else if (which == "designer") {
+      auto c = std::static_pointer_cast<host::MemoryComponent>(vbe_->SelectedVBComponent());
+      if (!c || !c->DesignerWindow()) throw ScenarioError{label + ": the selected component has no designer"};
+      return c->Activate();
+    } else {
+      throw ScenarioError{label + ": a window is \"code\", \"immediate\", \"designer\" or \"projectExplorer\""};
+    }
+    vbe_->ActivateWindow(w);
+  } else if (kind == "selectComponent") {
+    vbe_->SelectComponent(Component(value));
+    vbe_->ActivateWindow(vbe_->WindowOfType(host::kProjectWindow));
+  } else if (kind == "type") {
+    for (wchar_t c : W(value)) {
+      host::Key key;
+      if (c == L'\n') key.name = L"ENTER";
+      else if (c != L'\r') key.ch = c;
+      else continue;
+      vbe_->ApplyKey(platform_->GetFocus(), key);
+    }
+  } else if (kind == "setCode") {
+    Component(value.at("component"))->Module()->SetAllLines(CodeLines(value.at("code")));
+  } else if (kind == "addComponent") {
+    auto project = value.contains("project") ? ProjectNamed(value["project"])
+                                             : std::static_pointer_cast<host::MemoryProject>(vbe_->ActiveVBProject());
+    if (!project) throw ScenarioError{label + ": there is no project to add to"};
+    std::wstring name = W(value.at("name"));
+    if (project->Component(name)) throw ScenarioError{label + ": a component " + U(name) + " exists already"};
+    project->AddComponent(name, value.value("type", 1),
+                          value.contains("code") ? CodeLines(value["code"]) : std::vector<std::wstring>{});
+  } else if (kind == "removeComponent") {
+    auto c = Component(value);
+    c->Project()->Remove(c);
+  } else if (kind == "addProject") {
+    AddProject(value);
+  } else if (kind == "closeProject") {
+    vbe_->RemoveProject(ProjectNamed(value.get<std::string>()));
+  } else if (kind == "protect") {
+    ProjectNamed(value.at("project").get<std::string>())->SetProtection(value.value("locked", true) ? 1 : 0);
+  } else if (kind == "clipboard") {
+    platform_->ClipboardClear();
+    platform_->ClipboardSetText(W(value));
+  }
+}
+
+json ScenarioRunner::DumpBar() const {
+  auto bar = static_cast<host::MemoryCommandBars&>(vbe_->CommandBars()).Bar(L"Quillet");
+  if (!bar) throw ScenarioError{StepLabel(next_ - 1) + ": there is no command bar \"Quillet\""};
+  std::function<json(const host::MemoryControls&)> dump = [&](const host::MemoryControls& controls) {
+    json list = json::array();
+    for (const auto& c : controls.All()) {
+      json entry;
+      std::wstring id = c->Parameter();
+      entry["id"] = id.empty() ? json(c->Id()) : json(std::stol(id));
+      entry["caption"] = U(c->Caption());
+      entry["type"] = c->Type();
+      entry["visible"] = c->Visible();
+      entry["enabled"] = c->Enabled();
+      if (c->BeginGroup()) entry["beginGroup"] = true;
+      if (!c->Picture().empty()) entry["picture"] = U(c->Picture());
+      if (!c->TooltipText().empty()) entry["toolTip"] = U(c->TooltipText());
+      if (c->Type() == host::kControlDropdown) {
+        json items = json::array();
+        for (long i = 1; i <= c->ListCount(); ++i) items.push_back(U(c->List(i)));
+        entry["list"] = items;
+        entry["text"] = U(c->Text());
+      }
+      if (auto* children = static_cast<host::MemoryControls*>(c->Controls())) entry["controls"] = dump(*children);
+      list.push_back(entry);
+    }
+    return list;
+  };
+  return {{"bar", dump(bar->Items())}, {"barEnabled", bar->Enabled()}, {"barVisible", bar->Visible()}};
+}
+
+void ScenarioRunner::SetupSettings(bool firstRun, const json& values) {
+  if (!values.empty()) throw UnreadableInput{"\"settings\" is not available yet: the settings arrive with a later version"};
+}
+
+}  // namespace quillet::cli

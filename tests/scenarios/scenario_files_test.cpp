@@ -1,0 +1,122 @@
+// Every scenario under tests/scenarios/ runs through the real `quillet script`, and its
+// outcome is held against the "expect" of the file:
+//   "exit": the exit status (0 when not given); "errorContains": a piece of the error;
+//   "code": {"Module1": [lines]} (or "Project.Module1") the module's whole text;
+//   "selection": the active pane's selection; "clipboard", "immediate": exact texts;
+//   "immediateContains": texts that must appear; "transcript": entries that must appear in
+//   this order (each a part of the real entry); "home", "written": files with their whole
+//   text, or null for a file that must not have been written; "noTranscript": kinds of
+//   entries that must not appear.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "run_quillet.h"
+
+using nlohmann::json;
+
+namespace {
+
+std::filesystem::path ScenarioFolder() { return std::filesystem::path(QUILLET_SOURCE_DIR) / "tests" / "scenarios"; }
+
+std::vector<std::string> ScenarioFiles() {
+  std::vector<std::string> names;
+  for (const auto& e : std::filesystem::directory_iterator(ScenarioFolder()))
+    if (e.path().extension() == ".json") names.push_back(e.path().stem().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// Whether `actual` holds everything `expected` says: objects by their keys, arrays
+// element by element with the same length, anything else equal.
+bool Covers(const json& expected, const json& actual) {
+  if (expected.is_object()) {
+    if (!actual.is_object()) return false;
+    for (const auto& [k, v] : expected.items())
+      if (!actual.contains(k) || !Covers(v, actual[k])) return false;
+    return true;
+  }
+  if (expected.is_array()) {
+    if (!actual.is_array() || actual.size() != expected.size()) return false;
+    for (std::size_t i = 0; i < expected.size(); ++i)
+      if (!Covers(expected[i], actual[i])) return false;
+    return true;
+  }
+  return expected == actual;
+}
+
+const json* FindComponent(const json& out, const std::string& ref) {
+  std::string project, name = ref;
+  if (auto dot = ref.find('.'); dot != std::string::npos) {
+    project = ref.substr(0, dot);
+    name = ref.substr(dot + 1);
+  }
+  for (const auto& p : out["projects"]) {
+    if (!project.empty() && p["name"] != project) continue;
+    for (const auto& c : p["components"])
+      if (c["name"] == name) return &c;
+  }
+  return nullptr;
+}
+
+class ScenarioFile : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ScenarioFile, PlaysAsExpected) {
+  std::filesystem::path file = ScenarioFolder() / (GetParam() + ".json");
+  json scenario = json::parse(std::ifstream(file));
+  ASSERT_TRUE(scenario.contains("expect")) << "a scenario under tests/ says what it expects";
+  const json& expect = scenario["expect"];
+
+  quillet::test::ScriptResult r = quillet::test::RunScript(file.string());
+  ASSERT_FALSE(r.json.is_null()) << "no JSON outcome:\n" << r.out;
+  const json& out = r.json;
+  SCOPED_TRACE(out.dump(1));
+  EXPECT_EQ(r.exitStatus, expect.value("exit", 0));
+  if (expect.value("exit", 0) == 0) EXPECT_EQ(out["ok"], true) << out["error"];
+  if (expect.contains("errorContains"))
+    EXPECT_NE(out["error"].get<std::string>().find(expect["errorContains"].get<std::string>()), std::string::npos);
+  if (expect.contains("code")) {
+    for (const auto& [ref, lines] : expect["code"].items()) {
+      const json* c = FindComponent(out, ref);
+      ASSERT_NE(c, nullptr) << "no component " << ref;
+      EXPECT_EQ((*c)["code"], lines) << ref;
+    }
+  }
+  if (expect.contains("selection")) EXPECT_EQ(out["active"]["selection"], expect["selection"]);
+  if (expect.contains("active")) EXPECT_TRUE(Covers(expect["active"], out["active"]));
+  for (const char* exact : {"clipboard", "immediate"})
+    if (expect.contains(exact)) EXPECT_EQ(out[exact], expect[exact]) << exact;
+  if (expect.contains("immediateContains"))
+    for (const auto& piece : expect["immediateContains"])
+      EXPECT_NE(out["immediate"].get<std::string>().find(piece.get<std::string>()), std::string::npos) << piece;
+  if (expect.contains("transcript")) {
+    std::size_t at = 0;
+    const json& t = out["transcript"];
+    for (const auto& wanted : expect["transcript"]) {
+      while (at < t.size() && !Covers(wanted, t[at])) ++at;
+      EXPECT_LT(at, t.size()) << "transcript entry not found in order: " << wanted.dump();
+      if (at < t.size()) ++at;
+    }
+  }
+  if (expect.contains("noTranscript"))
+    for (const auto& kind : expect["noTranscript"])
+      for (const auto& entry : out["transcript"]) EXPECT_FALSE(entry.contains(kind.get<std::string>())) << entry.dump();
+  for (const char* files : {"home", "written"}) {
+    if (!expect.contains(files)) continue;
+    for (const auto& [name, text] : expect[files].items()) {
+      if (text.is_null()) EXPECT_FALSE(out[files].contains(name)) << name;
+      else EXPECT_EQ(out[files].value(name, json()), text) << name;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, ScenarioFile, ::testing::ValuesIn(ScenarioFiles()),
+                         [](const ::testing::TestParamInfo<std::string>& info) {
+                           std::string n = info.param;
+                           for (char& c : n)
+                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+                           return n;
+                         });
+
+}  // namespace
