@@ -38,6 +38,9 @@ class CommandBarControl : public std::enable_shared_from_this<CommandBarControl>
   virtual void SetStyle(int style) = 0;
   virtual long Width() const = 0;
   virtual void SetWidth(long width) = 0;
+  // A text the add-in keeps with the control (the id of its caption).
+  virtual std::wstring Parameter() const = 0;
+  virtual void SetParameter(std::wstring_view parameter) = 0;
 
   // Pictures: a button may carry a picture and mask (resource names) or a pasted face.
   virtual bool HasPictureProperty() const = 0;

@@ -37,6 +37,8 @@ class MemoryControl : public CommandBarControl {
   void SetStyle(int style) override { style_ = style; }
   long Width() const override { return width_; }
   void SetWidth(long width) override { width_ = width; }
+  std::wstring Parameter() const override { return parameter_; }
+  void SetParameter(std::wstring_view parameter) override { parameter_ = parameter; }
   bool HasPictureProperty() const override { return type_ == kControlButton; }
   void SetPicture(std::wstring_view picture, std::wstring_view mask) override;
   std::wstring Picture() const override { return picture_; }
@@ -68,7 +70,7 @@ class MemoryControl : public CommandBarControl {
   MemoryVBE& vbe_;
   MemoryControls& owner_;
   int type_, id_;
-  std::wstring caption_, tag_, tooltip_, picture_, text_;
+  std::wstring caption_, tag_, tooltip_, picture_, text_, parameter_;
   bool visible_ = true, enabled_ = true, beginGroup_ = false;
   int style_ = kStyleAutomatic;
   long width_ = 0, dropDownWidth_ = 0, listIndex_ = 0, writes_ = 0;

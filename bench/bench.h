@@ -1,0 +1,29 @@
+#pragma once
+// A small bench harness: each benchmark runs a few times and the best time is printed with
+// its target, so that a regression shows as a figure, never as a failing unit test.
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillet::bench {
+
+struct Benchmark {
+  std::string name;
+  std::string target;  // what the figure must stay under, as text
+  std::function<void()> setup;
+  std::function<void()> run;
+  int repeats = 5;
+};
+
+std::vector<Benchmark>& Registry();
+
+struct Register {
+  explicit Register(Benchmark b) { Registry().push_back(std::move(b)); }
+};
+
+// Milliseconds of the fastest of `repeats` runs.
+double BestMilliseconds(const Benchmark& b);
+
+}  // namespace quillet::bench
