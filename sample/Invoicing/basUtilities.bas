@@ -64,3 +64,27 @@ End Function
 Public Function LastRow(ByVal Sheet As Worksheet, Optional ByVal Column As Long = 1) As Long
     LastRow = Sheet.Cells(Sheet.Rows.Count, Column).End(xlUp).Row
 End Function
+
+' A sheet name that this workbook does not use yet: Base, else "Base (2)",
+' "Base (3)" and so on.
+Public Function UniqueSheetName(ByVal Base As String) As String
+    Dim strName As String
+    Dim lngNumber As Long
+
+    strName = Base
+    lngNumber = 1
+    Do While SheetExists(strName)
+        lngNumber = lngNumber + 1
+        strName = Base & " (" & lngNumber & ")"
+    Loop
+    UniqueSheetName = strName
+End Function
+
+' Whether this workbook has a sheet of that name.
+Private Function SheetExists(ByVal Name As String) As Boolean
+    Dim objSheet As Object
+
+    On Error Resume Next
+    Set objSheet = ThisWorkbook.Sheets(Name)
+    SheetExists = Not objSheet Is Nothing
+End Function

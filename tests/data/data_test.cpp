@@ -82,7 +82,6 @@ TEST(ShippedData, EveryFileIsAsciiWithCrLfLines) {
   std::vector<std::wstring> problems;
   std::size_t count = 0;
   for (const fs::path& file : FilesUnder(DataDir())) {
-    if (file.filename() == ".gitattributes") continue;
     TextLines(file, problems);
     ++count;
   }
@@ -138,9 +137,11 @@ TEST(ShippedData, IniFilesHoldTheSectionsAndValuesTheReadersExpect) {
     for (const auto& [type, value] : section.items)
       for (const std::wstring& expression : SplitTrimmed(value, L',')) {
         EXPECT_FALSE(expression.empty()) << vba::ToUtf8(section.name + L"." + type);
-        for (const wchar_t* me : {L"Form", L"Report"})
-          if (vba::EqualsText(SplitTrimmed(expression, L'.')[0], me))
+        for (const wchar_t* me : {L"Form", L"Report"}) {
+          if (vba::EqualsText(SplitTrimmed(expression, L'.')[0], me)) {
             EXPECT_GT(SplitTrimmed(expression, L'.').size(), 1u) << vba::ToUtf8(expression);
+          }
+        }
       }
 }
 
@@ -224,7 +225,7 @@ TEST(ShippedData, TemplatesAndLibraryLoadAsExportedModules) {
   io::ModuleFile module;
 
   problems = ModuleProblems(kCode / "ErrorHandlers" / "basErrorHandle.bas",
-                            {{L"MODULENAME", L"PROCEDURENAME", L"PROJECTNAME", L"MODULEHEADER"}}, module);
+                            {{L"MODULENAME", L"PROCEDURENAME", L"PROJECTNAME", L"MODULEHEADER"}, false, false, {}}, module);
   EXPECT_TRUE(problems.empty()) << Listed(problems);
   EXPECT_EQ(module.name, L"{MODULENAME}");
   EXPECT_EQ(module.type, 1);
@@ -234,7 +235,7 @@ TEST(ShippedData, TemplatesAndLibraryLoadAsExportedModules) {
   }));
 
   problems = ModuleProblems(kCode / "Templates" / "CollectionClass" / "CollectionClass.cls",
-                            {{L"MODULENAME", L"BASECLASSNAME", L"MODULEHEADER"}}, module);
+                            {{L"MODULENAME", L"BASECLASSNAME", L"MODULEHEADER"}, false, false, {}}, module);
   EXPECT_TRUE(problems.empty()) << Listed(problems);
   EXPECT_EQ(module.name, L"{MODULENAME}");
   EXPECT_EQ(module.type, 2);

@@ -269,7 +269,7 @@ std::vector<std::wstring> TokenProblems(const std::vector<std::wstring>& lines, 
       if (rules.templateTokens.count(upper)) continue;
       if (rules.includes && vba::StartsWithText(inner, L"INCLUDE ")) continue;
       auto var = ParseVariable(inner);
-      if (rules.variableTypes.empty() || !var) {
+      if (rules.variableTypes.empty() || !var || (var->name.empty() && !rules.variableTypes.count(upper))) {
         problems.push_back(At(i) + L"unknown token {" + inner + L"}");
         continue;
       }
