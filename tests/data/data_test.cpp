@@ -195,6 +195,14 @@ TEST(ShippedData, FragmentsAreBalancedAndUseOnlyKnownTokens) {
   for (const fs::path& file : FilesUnder(kFragments, ".bas")) {
     std::vector<std::wstring> p = FragmentProblems(file, rules);
     problems.insert(problems.end(), p.begin(), p.end());
+    // An included file is found beside the program; a missing one would go in as nothing.
+    for (const std::wstring& line : TextLines(file, p)) {
+      std::size_t at = line.find(L"{INCLUDE ");
+      if (at == std::wstring::npos) continue;
+      std::wstring path = line.substr(at + 9, line.find(L'}', at) - at - 9);
+      std::replace(path.begin(), path.end(), L'\\', L'/');
+      if (!fs::is_regular_file(DataDir() / vba::ToUtf8(path))) problems.push_back(Name(file) + L": no file " + path);
+    }
     topics.insert(vba::FromUtf8(fs::relative(file, kFragments).begin()->string()));
     ++count;
   }

@@ -156,8 +156,8 @@ Public Function FileNameSafe(ByVal Name As String, Optional ByVal Replacement As
         As String
 '------------------------------------------------------------------------------
 ' Purpose: Name with every character that a file name may not hold replaced.
-' Example: FileNameSafe("Invoice 12/2024: Miller") returns
-'          "Invoice 12_2024_ Miller".
+' Example: FileNameSafe("Invoice 12/2024: Garden Shop") returns
+'          "Invoice 12_2024_ Garden Shop".
 '------------------------------------------------------------------------------
     Dim lngIndex As Long
     Dim strBad As String

@@ -116,8 +116,8 @@ End Function
 Public Function StringFormat(ByVal Template As String, ParamArray Values() As Variant) As String
 '------------------------------------------------------------------------------
 ' Purpose: Template with %1, %2 ... replaced by the values in their order.
-' Example: StringFormat("Invoice %1 of %2", 12, "Miller") returns
-'          "Invoice 12 of Miller".
+' Example: StringFormat("Invoice %1 of %2", 12, "Garden Shop") returns
+'          "Invoice 12 of Garden Shop".
 '------------------------------------------------------------------------------
     Dim lngIndex As Long
 
@@ -131,7 +131,7 @@ End Function
 Public Function StringSqlQuote(ByVal Value As String) As String
 '------------------------------------------------------------------------------
 ' Purpose: Value as an SQL text literal: in single quotes, inner quotes doubled.
-' Example: StringSqlQuote("O'Neill") returns 'O''Neill'.
+' Example: StringSqlQuote("Baker's") returns 'Baker''s'.
 '------------------------------------------------------------------------------
     StringSqlQuote = "'" & Replace(Value, "'", "''") & "'"
 End Function

@@ -1,1 +1,0 @@
-{STRING:ConnectionString} = "Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" & {STRING:DatabasePath} & ";"<cursor>
