@@ -61,6 +61,7 @@ TEST(SampleProject, LoadsWithItsProjectFile) {
   EXPECT_EQ(kinds[1], 5);
   EXPECT_EQ(kinds[2], 3);
   EXPECT_EQ(kinds[3], 1);
+  EXPECT_TRUE(p.modules.back().designer.empty()) << "the form loads without a designer part";
 }
 
 TEST(SampleProject, ModulesAreBalancedAndTheEditorFindsTheirProcedures) {
