@@ -1,0 +1,2 @@
+{ADODB.CONNECTION:cnnData}.Execute {STRING:Sql}, {LONG:RowsAffected}, adCmdText + adExecuteNoRecords
+<cursor>

@@ -1,0 +1,1 @@
+{BOOLEAN:IsOpen} = CurrentProject.AllForms({STRING:FormName}).IsLoaded<cursor>

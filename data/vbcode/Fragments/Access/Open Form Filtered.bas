@@ -1,0 +1,1 @@
+DoCmd.OpenForm FormName:={STRING:FormName}, WhereCondition:="[ID] = " & {LONG:Id}<cursor>

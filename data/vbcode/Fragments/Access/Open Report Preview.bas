@@ -1,0 +1,1 @@
+DoCmd.OpenReport ReportName:={STRING:ReportName}, View:=acViewPreview, WhereCondition:={STRING:Criteria}<cursor>

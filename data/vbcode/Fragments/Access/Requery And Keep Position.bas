@@ -1,0 +1,4 @@
+{VARIANT:Key} = Me!ID
+Me.Requery
+Me.Recordset.FindFirst "[ID] = " & {VARIANT:Key}
+<cursor>

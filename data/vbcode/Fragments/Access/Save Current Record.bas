@@ -1,0 +1,2 @@
+If Me.Dirty Then Me.Dirty = False
+<cursor>

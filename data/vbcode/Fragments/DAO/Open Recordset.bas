@@ -1,0 +1,2 @@
+Set {DAO.RECORDSET:rstData} = {DAO.DATABASE:dbData}.OpenRecordset({STRING:Sql}, dbOpenSnapshot)
+<cursor>

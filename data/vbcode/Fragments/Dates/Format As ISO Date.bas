@@ -1,0 +1,1 @@
+{STRING:Text} = Format$({DATE:Day}, "yyyy-mm-dd")<cursor>

@@ -1,0 +1,1 @@
+{STRING:Stamp} = Format$(Now, "yyyymmdd_hhnnss")<cursor>

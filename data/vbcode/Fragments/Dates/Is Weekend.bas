@@ -1,0 +1,1 @@
+{BOOLEAN:Weekend} = (Weekday({DATE:Day}, vbMonday) > 5)<cursor>

@@ -1,0 +1,1 @@
+{DATE:Monday} = {DATE:Day} - Weekday({DATE:Day}, vbMonday) + 1<cursor>

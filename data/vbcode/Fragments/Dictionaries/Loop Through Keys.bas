@@ -1,0 +1,4 @@
+For Each {VARIANT:Key} In {DICTIONARY:Items}.Keys
+    {VARIANT:Value} = {DICTIONARY:Items}({VARIANT:Key})
+    <cursor>
+Next {VARIANT:Key}

@@ -1,0 +1,1 @@
+Debug.Print Format$(Now, "hh:nn:ss"); " {MODULENAME}.{PROCEDURENAME}: "; <cursor>

@@ -1,0 +1,6 @@
+With {RANGE:Area}
+    .AutoFilter Field:={LONG:Field}, Criteria1:={STRING:Criteria}
+    .SpecialCells(xlCellTypeVisible).Copy Destination:={RANGE:Target}
+    .AutoFilter
+End With
+<cursor>

@@ -1,0 +1,3 @@
+Set {LISTOBJECT:Table} = {WORKSHEET:Sheet}.ListObjects.Add(xlSrcRange, {RANGE:Area}, , xlYes)
+{LISTOBJECT:Table}.Name = {STRING:TableName}
+<cursor>

@@ -1,0 +1,1 @@
+{LONG:LastColumn} = {WORKSHEET:Sheet}.Cells({LONG:Row}, {WORKSHEET:Sheet}.Columns.Count).End(xlToLeft).Column<cursor>

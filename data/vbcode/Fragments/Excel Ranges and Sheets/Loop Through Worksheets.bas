@@ -1,0 +1,3 @@
+For Each {WORKSHEET:Sheet} In {WORKBOOK:Book}.Worksheets
+    <cursor>
+Next {WORKSHEET:Sheet}

@@ -1,0 +1,5 @@
+For Each {WORKBOOK:Book} In Application.Workbooks
+    If Not {WORKBOOK:Book} Is ThisWorkbook Then
+        <cursor>
+    End If
+Next {WORKBOOK:Book}

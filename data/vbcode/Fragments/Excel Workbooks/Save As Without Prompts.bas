@@ -1,0 +1,4 @@
+Application.DisplayAlerts = False
+{WORKBOOK:Book}.SaveAs Filename:={STRING:Path}, FileFormat:=xlOpenXMLWorkbookMacroEnabled
+Application.DisplayAlerts = True
+<cursor>

@@ -1,0 +1,1 @@
+{STRING:Folder} = ThisWorkbook.Path & Application.PathSeparator<cursor>

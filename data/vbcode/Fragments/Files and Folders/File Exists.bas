@@ -1,0 +1,1 @@
+{BOOLEAN:Exists} = (Len(Dir$({STRING:Path}, vbNormal Or vbHidden Or vbReadOnly)) > 0)<cursor>

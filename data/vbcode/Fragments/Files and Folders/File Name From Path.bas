@@ -1,0 +1,1 @@
+{STRING:FileName} = Mid$({STRING:Path}, InStrRev({STRING:Path}, "\") + 1)<cursor>

@@ -1,0 +1,1 @@
+{BOOLEAN:Exists} = (Len(Dir$({STRING:Folder}, vbDirectory)) > 0)<cursor>

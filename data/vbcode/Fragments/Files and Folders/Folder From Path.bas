@@ -1,0 +1,1 @@
+{STRING:Folder} = Left$({STRING:Path}, InStrRev({STRING:Path}, "\"))<cursor>

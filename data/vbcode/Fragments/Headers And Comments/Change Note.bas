@@ -1,0 +1,1 @@
+' {DATE} {INITIALS}: <cursor>

@@ -1,0 +1,2 @@
+{INCLUDE vbcode\Fragments\Headers And Comments\ProcedureHeader.bas}
+' Called by: <cursor>

@@ -1,0 +1,3 @@
+Do While {BOOLEAN:Condition}
+    <cursor>
+Loop

@@ -1,0 +1,3 @@
+For Each {VARIANT:Item} In {COLLECTION:Items}
+    <cursor>
+Next {VARIANT:Item}

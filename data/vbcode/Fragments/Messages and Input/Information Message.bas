@@ -1,0 +1,1 @@
+MsgBox <cursor>"", vbInformation + vbOKOnly, "{PROCEDURENAME}"

@@ -1,0 +1,3 @@
+If MsgBox({STRING:Question}, vbQuestion + vbYesNo + vbDefaultButton2, "{PROCEDURENAME}") = vbYes Then
+    <cursor>
+End If

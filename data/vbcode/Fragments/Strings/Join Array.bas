@@ -1,0 +1,1 @@
+{STRING:Text} = Join({VARIANT:Parts}, ", ")<cursor>

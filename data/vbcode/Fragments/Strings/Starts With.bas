@@ -1,0 +1,1 @@
+{BOOLEAN:Found} = (StrComp(Left$({STRING:Text}, Len({STRING:Start})), {STRING:Start}, vbTextCompare) = 0)<cursor>

@@ -1,0 +1,2 @@
+{DOCUMENT:Document}.Content.InsertParagraphAfter
+{DOCUMENT:Document}.Content.InsertAfter {STRING:Text}<cursor>

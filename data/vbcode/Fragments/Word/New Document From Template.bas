@@ -1,0 +1,2 @@
+Set {DOCUMENT:Document} = Documents.Add(Template:={STRING:TemplatePath}, Visible:=True)
+<cursor>
