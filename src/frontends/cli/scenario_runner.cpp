@@ -13,6 +13,7 @@
 #include "ui/form.h"
 #include "ui/user_input.h"
 #include "vba/dates.h"
+#include "vba/encoding.h"
 #include "vba/error.h"
 
 namespace quillet::cli {
@@ -87,8 +88,9 @@ void ScenarioRunner::Settle() {
   if (platform_) platform_->DoEvents();
 }
 
-int ScenarioRunner::Run(const json& scenario) {
+int ScenarioRunner::Run(const json& scenario, std::filesystem::path baseFolder) {
   if (!scenario.is_object()) throw UnreadableInput{"a scenario is a JSON object"};
+  baseFolder_ = std::move(baseFolder);
   try {
     Setup(scenario);
     if (scenario.contains("steps")) {
@@ -193,6 +195,20 @@ void ScenarioRunner::SetupProjects(const json& projects) {
 }
 
 void ScenarioRunner::AddProject(const json& p) {
+  if (p.is_object() && p.contains("folder")) {
+    // A project exported to a real folder: copied into the sandbox and loaded from there.
+    std::filesystem::path real = std::filesystem::path(p["folder"].get<std::string>());
+    if (real.is_relative()) real = baseFolder_ / real;
+    if (!std::filesystem::is_directory(real)) throw UnreadableInput{"\"folder\": no folder " + real.string()};
+    std::wstring win = L"C:\\Work\\" + vba::FromUtf8(real.lexically_normal().filename().string());
+    if (win.back() == L'\\') win.pop_back();
+    sandbox_.CopyIn(real, win);
+    io::ProjectFolder folder = io::LoadProjectFolder(platform_->Files(), win);
+    if (p.contains("name")) folder.name = W(p["name"]);
+    if (p.contains("fileName")) folder.fileName = W(p["fileName"]);
+    vbe_->AddProject(std::move(folder));
+    return;
+  }
   if (!p.is_object() || !p.contains("name")) throw ScenarioError{"a project needs a \"name\""};
   auto project = vbe_->AddProject(W(p["name"]), p.contains("fileName") ? W(p["fileName"]) : std::wstring());
   project->SetProtection(p.value("protection", 0));
@@ -369,7 +385,9 @@ int RunScriptCommand(const std::string& path) {
   json output;
   try {
     ScenarioRunner runner;
-    status = runner.Run(scenario);
+    std::filesystem::path base = path == "-" ? std::filesystem::current_path()
+                                             : std::filesystem::absolute(path).parent_path();
+    status = runner.Run(scenario, base);
     output = runner.Output();
   } catch (const UnreadableInput& e) {
     std::cerr << "quillet script: " << e.message << "\n";

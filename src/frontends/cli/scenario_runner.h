@@ -3,6 +3,7 @@
 // JSON (see the scenario format document).
 #include <nlohmann/json.hpp>
 
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -27,7 +28,7 @@ class ScenarioRunner {
 
   // Plays the scenario; the exit status: 0 played to its end, 1 the scenario is wrong.
   // Unreadable input throws UnreadableInput.
-  int Run(const json& scenario);
+  int Run(const json& scenario, std::filesystem::path baseFolder = {});
   // The outcome, complete after Run.
   const json& Output() const { return output_; }
 
@@ -82,6 +83,7 @@ class ScenarioRunner {
   json transcript_ = json::array();
   std::map<std::wstring, std::string> before_;
   json output_;
+  std::filesystem::path baseFolder_;  // where relative real paths of the scenario start
 };
 
 // `quillet script FILE|-`: reads the scenario, plays it, prints the outcome.
