@@ -12,6 +12,8 @@ namespace quillet::settings {
 void InitializeGlobalVars(shell::Session& s, bool& firstLoad);
 // Reads the type-to-prefix table of the naming standard and derives the prefix lookups.
 void TypePrefixFromIniFile(shell::Session& s);
+// The folder of the error-handler fragments (<errorhandlers>), with its final "\".
+std::wstring ErrorHandlersFolderGet(const shell::Session& s);
 // Creates the code folders that do not exist, one level each; false after a failure, which
 // is reported.
 bool FoldersCreate(shell::Session& s);

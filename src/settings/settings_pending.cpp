@@ -6,5 +6,8 @@ namespace quillet::settings {
 void InitializeGlobalVars(shell::Session& s, bool& firstLoad) { firstLoad = false; }
 void TypePrefixFromIniFile(shell::Session& s) {}
 bool FoldersCreate(shell::Session& s) { return true; }
+std::wstring ErrorHandlersFolderGet(const shell::Session& s) {
+  return s.platform.ProgramFolder() + L"vbcode\\Fragments\\ErrorHandlers\\";
+}
 
 }  // namespace quillet::settings

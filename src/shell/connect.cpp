@@ -1,5 +1,6 @@
 #include "shell/connect.h"
 
+#include "hostmodel/commandbars.h"
 #include "shell/command_bar.h"
 #include "shell/errors.h"
 #include "shell/global.h"
@@ -15,7 +16,33 @@ constexpr int kViewQuilletWindow = 47;
 constexpr int kViewCodeExplorerWindow = 48;
 
 Connect::~Connect() {
+  Unhook();
   if (s_.connectInstance == this) s_.connectInstance = nullptr;
+}
+
+void Connect::Hook(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control) {
+  Hooked h{control, 0};
+  if (control->Type() == host::kControlDropdown) {
+    // The dropdown's command is its change event.
+    control->OnChange([this, handler](const host::Ptr<host::CommandBarControl>& c) { Handle(handler, c); });
+  } else {
+    h.connection = s_.vbe->ConnectClick(
+        control, [this, handler](const host::Ptr<host::CommandBarControl>& c, bool&, bool&) { Handle(handler, c); });
+  }
+  auto old = events_.find(handler);
+  if (old != events_.end() && old->second.connection && s_.vbe) s_.vbe->DisconnectClick(old->second.connection);
+  events_[handler] = h;
+}
+
+void Connect::Unhook() {
+  for (auto& [name, h] : events_)
+    if (h.connection && s_.vbe) s_.vbe->DisconnectClick(h.connection);
+  events_.clear();
+}
+
+host::Ptr<host::CommandBarControl> Connect::ControlOf(std::wstring_view handler) const {
+  auto it = events_.find(handler);
+  return it == events_.end() ? nullptr : it->second.control;
 }
 
 void Connect::OnConnection(host::VBE* application, int connectMode) {

@@ -1,11 +1,14 @@
 #pragma once
 // The add-in objects the hosts load. `Connect` is loaded by the editor and does everything;
 // the three Office add-ins only keep a reference to their application.
+#include <map>
 #include <memory>
+#include <string>
 
 #include "hostmodel/office.h"
 #include "hostmodel/vbe.h"
 #include "shell/session.h"
+#include "vba/text.h"
 
 namespace quillet::shell {
 
@@ -22,12 +25,26 @@ class Connect {
   int ConnectMode() const { return connectMode_; }
   Session& session() { return s_; }
 
+  // The event-carrying variables: each control of the bar is hooked under the name of its
+  // handler without "_Click" ("mnuhAddProcedure").
+  void Hook(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control);
+  void Unhook();
+  // The control hooked under a handler's name; nullptr when none is.
+  host::Ptr<host::CommandBarControl> ControlOf(std::wstring_view handler) const;
+  // What a click on the control hooked under `handler` runs: the command table.
+  void Handle(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control);
+
  private:
   void DirectAccessToolWindowCreate();
   void CodeExplorerToolWindowCreate();
 
   Session& s_;
   int connectMode_ = 0;
+  struct Hooked {
+    host::Ptr<host::CommandBarControl> control;
+    int connection = 0;
+  };
+  std::map<std::wstring, Hooked, vba::TextLess> events_;
 };
 
 // ExcelConnect, WordConnect and AccessConnect: each keeps its application in one slot of

@@ -39,19 +39,14 @@ std::wstring Banner() {
          L"." + std::to_wstring(kVersionMinor) + L"." + std::to_wstring(kVersionRevision) + L"\r\n";
 }
 
-}  // namespace
-
-bool ImmediateMessageAdd(Session& s, std::wstring_view text, bool retry) {
+// Pastes `text` into the Immediate window through the clipboard. False when the editor
+// would not give the window the focus; with `retry` a second try is then armed.
+bool Deliver(Session& s, const std::wstring& text, bool retry) {
   host::Platform& platform = s.platform;
   long savedFocus = platform.GetFocus();
-  if (!retry) {
-    if (s.pendingMessage.empty()) s.pendingMessage = Banner();
-    s.pendingMessage += text;
-    s.pendingMessage += L"\r\n";
-  }
   ClipboardContent clip = ClipboardSave(platform);
   bool delivered = false;
-  // From here on a failure is passed over: the text stays pending for the next try.
+  // From here on a failure is passed over: the text stays where it was for the next try.
   try {
     if (s.vbe) {
       host::Ptr<host::Windows> windows = s.vbe->Windows();
@@ -68,11 +63,10 @@ bool ImmediateMessageAdd(Session& s, std::wstring_view text, bool retry) {
       if (haveHandle) {
         if (platform.GetFocus() == s.immediateWindowHandle) {
           platform.ClipboardClear();
-          platform.ClipboardSetText(s.pendingMessage);
-          if (platform.ClipboardHasFormat(host::kCfText)) platform.SendKeys(L"^v", true);
-          s.pendingMessage.clear();
+          platform.ClipboardSetText(text);
+          if (platform.ClipboardHasFormat(host::kCfText) && !text.empty()) platform.SendKeys(L"^v", true);
           delivered = true;
-        } else if (s.timerForm && s.timerForm->Timer3Interval() == 0) {
+        } else if (retry && s.timerForm && s.timerForm->Timer3Interval() == 0) {
           // The editor would not let the window take the focus: try again in a second.
           s.timerForm->SetTimer3Interval(1000);
         }
@@ -85,6 +79,24 @@ bool ImmediateMessageAdd(Session& s, std::wstring_view text, bool retry) {
   s.immediateActivating = false;
   ClipboardRestore(platform, clip);
   return delivered;
+}
+
+}  // namespace
+
+bool ImmediateMessageAdd(Session& s, std::wstring_view text, bool retry) {
+  if (!retry) {
+    if (s.pendingMessage.empty()) s.pendingMessage = Banner();
+    s.pendingMessage += text;
+    s.pendingMessage += L"\r\n";
+  }
+  if (!Deliver(s, s.pendingMessage, true)) return false;
+  s.pendingMessage.clear();
+  return true;
+}
+
+void NotAvailable(Session& s, std::wstring_view what) {
+  if (!s.announcedUnavailable.insert(std::wstring(what)).second) return;
+  Deliver(s, L"Quillet: " + std::wstring(what) + L" is not available in this version.\r\n", false);
 }
 
 ClipboardContent ClipboardSave(host::Platform& platform) {

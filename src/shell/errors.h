@@ -19,6 +19,10 @@ void HandleError(Session& s, const vba::Error& err, long line, std::wstring_view
 // again. True when the message reached the Immediate window.
 bool ImmediateMessageAdd(Session& s, std::wstring_view text, bool retry);
 
+// Says once per session, in the Immediate window, that a command of a later version is
+// not there yet.
+void NotAvailable(Session& s, std::wstring_view what);
+
 // What the clipboard held, kept across work that needs the clipboard itself.
 struct ClipboardContent {
   int format = 0;       // the first format found, 0 when the clipboard was empty

@@ -3,6 +3,7 @@
 #include "settings/settings.h"
 #include "shell/errors.h"
 #include "shell/position.h"
+#include "ui/ui_host.h"
 
 namespace quillet::shell {
 
@@ -21,6 +22,11 @@ void ProjectInitialize(Session& s, bool reduced) {
 
 void ReleaseModels(Session& s) {}
 
+void ProjectRefresh(Session& s, const vba::Variant& argument) {
+  // The refresh of the scan models compares references and module lengths once the
+  // models exist; until then there is nothing to bring up to date.
+}
+
 void MenusEnabledSet(Session& s, bool enabled) {
   if (!s.vbe) return;
   try {
@@ -34,8 +40,11 @@ void MenusEnabledSet(Session& s, bool enabled) {
   }
 }
 
-void MenuItemsUpdate(Session& s) {}
-
 void CodeExplorerRefresh(Session& s) {}
+
+void DoEvents(Session& s) {
+  s.platform.DoEvents();
+  s.uiHost.DoEvents();
+}
 
 }  // namespace quillet::shell

@@ -9,12 +9,16 @@ namespace quillet::shell {
 void AddInInitialize(Session& s);
 // Rebuilds every scan model for the active project; `reduced` keeps to the project scan.
 void ProjectInitialize(Session& s, bool reduced);
+// Brings the models up to date with the editor before a builder opens.
+void ProjectRefresh(Session& s, const vba::Variant& argument);
 // Drops every scan model (at disconnection).
 void ReleaseModels(Session& s);
 // Enables or disables the command bar; errors are passed over.
 void MenusEnabledSet(Session& s, bool enabled);
 // Shows and hides the bar's controls for where the caret is.
 void MenuItemsUpdate(Session& s);
+// Yields to the host: queued keystrokes land, pending outside work runs.
+void DoEvents(Session& s);
 // Brings the Code Explorer up to date after a project change, and shows it when the user
 // wants it and has never opened it.
 void CodeExplorerRefresh(Session& s);

@@ -1,6 +1,7 @@
 #include "shell/session.h"
 
 #include "shell/timer_form.h"
+#include "ui/form.h"
 #include "ui/ui_context.h"
 
 namespace quillet::shell {

@@ -4,7 +4,9 @@
 // nothing of it is global, so that many sessions can run in one process.
 #include <array>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "hostmodel/clock.h"
 #include "hostmodel/office.h"
@@ -13,6 +15,7 @@
 #include "vba/variant.h"
 
 namespace quillet::ui {
+class Form;
 class UiContext;
 class UiHost;
 }
@@ -66,6 +69,10 @@ struct Session {
   std::unique_ptr<TimerForm> timerForm;
   // The two tool windows.
   host::Ptr<host::Window> directAccessWindow, codeExplorerWindow;
+  // Builders shown modeless (testing mode) live here until the user closes them.
+  std::vector<std::unique_ptr<ui::Form>> openForms;
+  // Commands of later versions that have said so once in the Immediate window.
+  std::set<std::wstring> announcedUnavailable;
 };
 
 }  // namespace quillet::shell

@@ -6,7 +6,9 @@
 //   "immediateContains": texts that must appear; "transcript": entries that must appear in
 //   this order (each a part of the real entry); "home", "written": files with their whole
 //   text, or null for a file that must not have been written; "noTranscript": kinds of
-//   entries that must not appear.
+//   entries that must not appear; "bars": for each "dumpBar" of the transcript in order,
+//   controls by their path of caption ids ("122/149/150") that must be "visible", "hidden",
+//   "enabled" or "disabled".
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -60,6 +62,46 @@ const json* FindComponent(const json& out, const std::string& ref) {
   return nullptr;
 }
 
+// The control at a path of caption ids ("122/149/189") in a dumped bar; nullptr if none.
+const json* ControlAt(const json& bar, const std::string& path) {
+  const json* list = &bar;
+  const json* found = nullptr;
+  std::size_t start = 0;
+  while (start <= path.size()) {
+    std::size_t slash = path.find('/', start);
+    int id = std::stoi(path.substr(start, slash == std::string::npos ? std::string::npos : slash - start));
+    found = nullptr;
+    for (const auto& c : *list)
+      if (c["id"] == id) {
+        found = &c;
+        break;
+      }
+    if (!found || slash == std::string::npos) return found;
+    if (!found->contains("controls")) return nullptr;
+    list = &(*found)["controls"];
+    start = slash + 1;
+  }
+  return found;
+}
+
+void CheckBars(const json& expected, const json& transcript) {
+  std::vector<const json*> dumps;
+  for (const auto& e : transcript)
+    if (e.contains("bar")) dumps.push_back(&e["bar"]);
+  ASSERT_EQ(dumps.size(), expected.size()) << "dumpBar steps";
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    for (const auto& [state, paths] : expected[i].items()) {
+      const char* field = state == "visible" || state == "hidden" ? "visible" : "enabled";
+      bool wanted = state == "visible" || state == "enabled";
+      for (const auto& p : paths) {
+        const json* c = ControlAt(*dumps[i], p.get<std::string>());
+        ASSERT_NE(c, nullptr) << "dump " << i + 1 << ": no control " << p;
+        EXPECT_EQ((*c)[field], wanted) << "dump " << i + 1 << ": " << p << " should be " << state;
+      }
+    }
+  }
+}
+
 class ScenarioFile : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(ScenarioFile, PlaysAsExpected) {
@@ -102,6 +144,7 @@ TEST_P(ScenarioFile, PlaysAsExpected) {
   if (expect.contains("noTranscript"))
     for (const auto& kind : expect["noTranscript"])
       for (const auto& entry : out["transcript"]) EXPECT_FALSE(entry.contains(kind.get<std::string>())) << entry.dump();
+  if (expect.contains("bars")) CheckBars(expect["bars"], out["transcript"]);
   for (const char* files : {"home", "written"}) {
     if (!expect.contains(files)) continue;
     for (const auto& [name, text] : expect[files].items()) {

@@ -64,6 +64,8 @@ class ScenarioRunner {
   std::shared_ptr<host::MemoryComponent> Component(const json& ref) const;
   std::shared_ptr<host::MemoryProject> ProjectNamed(const std::string& name) const;
   json DumpBar() const;
+  // Why the user could not click a control of the bar now; empty when they could.
+  std::string WhyNotClickable(const host::MemoryControl& control) const;
   void Finish(bool ok, const std::string& error);
 
   Sandbox sandbox_;

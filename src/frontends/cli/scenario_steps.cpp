@@ -4,6 +4,7 @@
 #include "frontends/cli/json_text.h"
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
+#include "generators/quillet.h"
 #include "hostmodel/keystrokes.h"
 #include "shell/errors.h"
 #include "ui/controls.h"
@@ -55,9 +56,26 @@ void ScenarioRunner::Execute(const json& step) {
   }
   if (kind == "click") {
     if (!connected_) throw ScenarioError{label + ": the add-in is not connected, so it has no command bar"};
-    throw ScenarioError{label + ": not available: the command bar arrives with the menus"};
+    auto control = std::dynamic_pointer_cast<host::MemoryControl>(connect_->ControlOf(W(value)));
+    if (!control) throw ScenarioError{label + ": no control of the command bar has the handler " + value.get<std::string>()};
+    std::string blocked = WhyNotClickable(*control);
+    if (!blocked.empty()) throw ScenarioError{label + ": the user cannot click " + value.get<std::string>() + ": " + blocked};
+    if (control->Type() == host::kControlDropdown) {
+      if (!step.contains("text")) throw ScenarioError{label + ": a dropdown is clicked with the \"text\" of an entry"};
+      std::wstring text = W(step["text"]);
+      long index = 0;
+      for (long i = 1; i <= control->ListCount(); ++i)
+        if (control->List(i) == text) index = i;
+      if (index == 0) throw ScenarioError{label + ": the dropdown has no entry " + step["text"].dump()};
+      return engine([&] { control->Choose(index); });
+    }
+    return engine([&] { control->Execute(); });
   }
-  if (kind == "command") throw ScenarioError{label + ": not available: the statement commands arrive with the dispatcher"};
+  if (kind == "command") {
+    std::wstring command = W(value);
+    std::wstring argument = step.contains("argument") ? W(step["argument"]) : std::wstring();
+    return engine([&] { generators::QuilletHandle(*session_, command, argument); });
+  }
   if (kind == "dumpBar") return Record(DumpBar());
   if (kind == "dump") throw ScenarioError{label + ": not available: the tool windows arrive later"};
   if (kEditorSteps.count(kind)) return ExecuteEditorStep(kind, value);
@@ -165,6 +183,29 @@ void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& valu
     platform_->ClipboardClear();
     platform_->ClipboardSetText(W(value));
   }
+}
+
+std::string ScenarioRunner::WhyNotClickable(const host::MemoryControl& control) const {
+  auto bar = static_cast<host::MemoryCommandBars&>(vbe_->CommandBars()).Bar(L"Quillet");
+  if (!bar) return "there is no command bar";
+  // The path from the bar to the control: each step on it must be shown and enabled.
+  std::vector<const host::MemoryControl*> path;
+  std::function<bool(const host::MemoryControls&)> find = [&](const host::MemoryControls& controls) {
+    for (const auto& c : controls.All()) {
+      path.push_back(c.get());
+      if (c.get() == &control) return true;
+      if (auto* children = static_cast<host::MemoryControls*>(c->Controls()); children && find(*children)) return true;
+      path.pop_back();
+    }
+    return false;
+  };
+  if (!find(bar->Items())) return "";  // a control of another bar (Access's own)
+  if (!bar->Visible() || !bar->Enabled()) return "the command bar is disabled";
+  for (const auto* c : path) {
+    if (!c->Visible()) return U(c->Caption()) + " is hidden";
+    if (!c->Enabled()) return U(c->Caption()) + " is disabled";
+  }
+  return "";
 }
 
 json ScenarioRunner::DumpBar() const {

@@ -1,0 +1,150 @@
+// The command table: what each control of the command bar runs. Statements go to the
+// dispatcher, builders through FormOpen, the rest to plain procedures.
+#include <map>
+
+#include "generators/quillet.h"
+#include "hostmodel/commandbars.h"
+#include "io/paths.h"
+#include "shell/connect.h"
+#include "shell/errors.h"
+#include "shell/form_open.h"
+#include "shell/frm_about.h"
+#include "shell/position.h"
+#include "vba/strings.h"
+
+namespace quillet::shell {
+namespace {
+
+// Handlers that write a statement: the dispatcher's command and detail.
+const std::map<std::wstring, std::pair<std::wstring, std::wstring>, vba::TextLess>& Statements() {
+  static const std::map<std::wstring, std::pair<std::wstring, std::wstring>, vba::TextLess> table = {
+      {L"mnuhType", {L"Type", L""}},
+      {L"mnuhEnum", {L"Enum", L""}},
+      {L"mnuhEnumItem", {L"Enum", L"Item"}},
+      {L"mnuhFilename", {L"Filename", L""}},
+      {L"mnuhFolder", {L"Folder", L""}},
+      {L"mnuhWith", {L"With", L""}},
+      {L"mnuhErrorGotoLabel", {L"On Error GoTo", L""}},
+      {L"mnuhErrorResumeNext", {L"On Error Resume Next", L""}},
+      {L"mnuhErrorGoto0", {L"On Error GoTo 0", L""}},
+      {L"mnuhErrorResume", {L"Resume", L""}},
+      {L"mnuhExit", {L"Exit", L""}},
+      {L"mnuhGoto", {L"GoTo", L""}},
+      {L"mnuhIfThen", {L"If Then", L""}},
+      {L"mnuhIfThenElse", {L"If Then Else", L""}},
+      {L"mnuhIfThenElseIf", {L"If Then Else If", L""}},
+      {L"mnuhIfThenElseIfElse", {L"If Then ElseIf Else", L""}},
+      {L"mnuhSelectCase", {L"Select Case", L""}},
+      {L"mnuhSelectCaseElse", {L"Select Case Else", L""}},
+      {L"mnuhSelectCaseUcase", {L"Select Case UCase", L""}},
+      {L"mnuhSelectFromCustomEnum", {L"Select From Enum", L""}},
+      {L"mnuhInsertVariable", {L"Insert Variable", L""}},
+      {L"mnuhQLTInsertVariable", {L"Insert Variable", L""}},
+      {L"mnuhInsertObjectname", {L"Insert Objectname", L""}},
+      {L"mnuhQLTExplicitArgument", {L"Explicit Argument", L""}},
+      {L"mnuhDoLoopWhile", {L"IfDoLoopWhile", L""}},
+      {L"mnuhDoLoopUntil", {L"IfDoLoopUntil", L""}},
+      {L"mnuhForEachNext", {L"ForEachNext", L""}},
+      {L"mnuhForNext", {L"ForNext", L""}},
+      {L"mnuhWhile", {L"While", L""}},
+      {L"mnuhCommentLinesAdd", {L"Comment Lines Add", L""}},
+      {L"mnuhCommentLinesRemove", {L"Comment Lines Remove", L""}},
+      {L"mnuhDebugPrint", {L"Debug.Print ", L""}},
+  };
+  return table;
+}
+
+// Handlers that open a builder, with their forwarding twins of the menu.
+const std::map<std::wstring, std::wstring, vba::TextLess>& Builders() {
+  static const std::map<std::wstring, std::wstring, vba::TextLess> table = {
+      {L"mnuhAddProcedure", L"frmProcedure"}, {L"mnuhQLTAddProcedure", L"frmProcedure"},
+      {L"mnuhAddConstant", L"frmConst"},      {L"mnuhConstAdd", L"frmConst"},
+      {L"mnuhAddVariable", L"frmVar"},        {L"mnuhDimAdd", L"frmVar"},
+      {L"mnuhAddClass", L"frmClass"},         {L"mnuhQLTAddClass", L"frmClass"},
+      {L"mnuhAddProperty", L"frmProperty"},   {L"mnuhPropAdd", L"frmProperty"},
+      {L"mnuhCodeLines", L"frmCodeLineTLI"},  {L"mnuhQLTCodeLines", L"frmCodeLineTLI"},
+      {L"mnuhFragmentAdd", L"frmFragments"},  {L"mnuhQLTAddFragment", L"frmFragments"},
+      {L"mnuhSetting", L"frmSettings"},
+  };
+  return table;
+}
+
+// Handlers that go to plain procedures of later versions, with what the user asked for.
+const std::map<std::wstring, std::wstring, vba::TextLess>& Tools() {
+  static const std::map<std::wstring, std::wstring, vba::TextLess> table = {
+      {L"mnuhQLTImportFile", L"Import File"},
+      {L"mnuhQLTExportFile", L"Export File"},
+      {L"mnuhLineNumbersAdd", L"Line Numbers Add"},
+      {L"mnuhLineNumbersRemove", L"Line Numbers Remove"},
+      {L"mnuhObjectInventory", L"Object Inventory"},
+      {L"mnuhAddControl", L"Add Control"},
+      {L"mnuhControlAdd", L"Add Control"},
+      {L"mnuhQLTAddControl", L"Add Control"},
+      {L"mnuhTipOfTheDayQuilletStartup", L"Tip of the Day"},
+      {L"mnuhTipOfTheDayVarBuilder", L"Tip of the Day"},
+      {L"mnuhTipOfTheDayCodelineBuilder", L"Tip of the Day"},
+      {L"mnuhTipOfTheDayFragmentBuilder", L"Tip of the Day"},
+      {L"mnuhTipOfTheDayProcBuilder", L"Tip of the Day"},
+  };
+  return table;
+}
+
+// The families of type handlers: "mnuhDimString" is "Dim" with "String".
+bool TypeFamily(const std::wstring& handler, std::wstring& command, std::wstring& type) {
+  static const std::pair<const wchar_t*, const wchar_t*> families[] = {
+      {L"mnuhDim", L"Dim"}, {L"mnuhConst", L"Const"}, {L"mnuhProp", L"Property"}};
+  for (const auto& [prefix, cmd] : families) {
+    std::wstring p = prefix;
+    if (handler.size() > p.size() && vba::StartsWithText(handler, p) && handler != p + L"Add") {
+      command = cmd;
+      type = handler.substr(p.size());
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control) {
+  Session& s = s_;
+  if (auto it = Statements().find(handler); it != Statements().end()) {
+    std::wstring detail = it->second.second;
+    return generators::QuilletHandle(s, it->second.first, detail);
+  }
+  std::wstring command, type;
+  if (TypeFamily(handler, command, type)) return generators::QuilletHandle(s, command, type);
+  if (vba::EqualsText(handler, L"mnuhErrorHandling")) {
+    std::wstring text = control ? control->Text() : std::wstring();
+    return generators::QuilletHandle(s, L"ErrorHandling", text);
+  }
+  if (vba::EqualsText(handler, L"mnuhAbout")) {
+    FormOpenOptions o;
+    o.needCodeWindow = false;
+    o.callInit = false;
+    return FormOpen(s, std::make_unique<FrmAbout>(s), o);
+  }
+  if (auto it = Builders().find(handler); it != Builders().end()) {
+    if (!vba::EqualsText(it->second, L"frmSettings") && !CodeWindowActive(s)) return;
+    return NotAvailable(s, L"the builder " + it->second);
+  }
+  if (vba::EqualsText(handler, L"mnuhDirectAccess") || vba::EqualsText(handler, L"mnuhShortcutsAndSearch")) {
+    if (s.directAccessWindow) s.directAccessWindow->SetVisible(true);
+    return;
+  }
+  if (vba::EqualsText(handler, L"mnuhQLTCodeExplorer") || vba::EqualsText(handler, L"mnuhCodeExplorer")) {
+    if (s.codeExplorerWindow) s.codeExplorerWindow->SetVisible(true);
+    return;
+  }
+  if (vba::EqualsText(handler, L"mnuhHelpContents")) {
+    return s.platform.ShellOpen(io::JoinPath(s.platform.ProgramFolder(), L"Quillet.chm"));
+  }
+  if (vba::StartsWithText(handler, L"mnuhWebSite")) {
+    if (control) s.platform.ShellOpen(control->TooltipText());
+    return;
+  }
+  if (auto it = Tools().find(handler); it != Tools().end()) return NotAvailable(s, L"the command " + it->second);
+  // mnuhTypeItem has a variable but no handler: its item does nothing when clicked.
+}
+
+}  // namespace quillet::shell
