@@ -1,11 +1,43 @@
 #include "generators/quillet.h"
 
+#include "generators/selection.h"
+#include "generators/statements.h"
 #include "shell/errors.h"
 
 namespace quillet::generators {
+namespace {
+
+bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> commands) {
+  for (const wchar_t* c : commands)
+    if (command == c) return true;
+  return false;
+}
+
+}  // namespace
 
 void QuilletHandle(shell::Session& s, const std::wstring& command, std::wstring& argument) {
-  shell::NotAvailable(s, L"the command \"" + command + L"\"");
+  shell::Trap(s, L"basQuillet.QuilletHandle", [&] {
+    // Outside a code window, or without a project, a command does nothing and says nothing.
+    if (!s.vbe || s.vbe->VBProjects()->Count() == 0) return;
+    host::Ptr<host::Window> window = s.vbe->ActiveWindow();
+    if (!window || window->Type() != host::kCodeWindow) return;
+    s.currentCommand = argument.empty() ? command : command + L" " + argument;
+
+    // Comparison is exact: "If Then Else If" and "If Then ElseIf Else" are two commands.
+    if (IsOneOf(command, {L"On Error Resume Next", L"On Error GoTo 0"})) {
+      CodeInsert(s, command, L"", false, true);
+    } else if (IsOneOf(command, {L"If Then", L"If Then Else", L"If Then Else If", L"If Then ElseIf Else"})) {
+      IfCodeInsert(s, command);
+    } else if (IsOneOf(command, {L"IfDoLoopWhile", L"IfDoLoopUntil", L"ForEachNext", L"ForNext", L"While"})) {
+      LoopCodeInsert(s, command);
+    } else if (command == L"Filename") {
+      FilenameAdd(s);
+    } else if (command == L"Folder") {
+      FoldernameAdd(s);
+    } else {
+      shell::NotAvailable(s, L"the command \"" + command + L"\"");
+    }
+  });
 }
 
 }  // namespace quillet::generators

@@ -1,0 +1,23 @@
+#pragma once
+// Text that replaces the selection: an instance name put into a line, a literal that a
+// picker chose.
+#include <string>
+
+#include "hostmodel/vbe.h"
+#include "shell/session.h"
+
+namespace quillet::generators {
+
+// Puts `text` into the selected part of one line, with a blank on either side where the
+// neighbours need one; `text` comes back with those blanks. Without `allowEmptySelection` a
+// bare caret writes nothing. `sendKeys` makes the host check the line.
+void InstanceAdd(shell::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
+                 bool sendKeys);
+// Replaces the selection, which may span lines, by `text`.
+void SelectionReplace(shell::Session& s, std::wstring text);
+// A file name chosen in an open-file dialog, in double quotes, at the caret.
+void FilenameAdd(shell::Session& s);
+// A folder name chosen in the folder chooser, in double quotes, at the caret.
+void FoldernameAdd(shell::Session& s);
+
+}  // namespace quillet::generators

@@ -1,0 +1,21 @@
+#pragma once
+// The inserters that write statements at the caret: one-line statements, With blocks, If
+// blocks and loops. Each leaves the caret where the user types next.
+#include <optional>
+#include <string>
+
+#include "shell/session.h"
+
+namespace quillet::generators {
+
+// Writes `text` at the caret: on a blank caret line in place of it, inside the line where
+// the command allows it, else on a new line below indented by one tab width.
+bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore);
+// "With expression" with an empty body line; false for an empty expression.
+bool WithCodeInsert(shell::Session& s, const std::wstring& expression);
+// "If Then", "If Then Else", "If Then Else If", "If Then ElseIf Else".
+void IfCodeInsert(shell::Session& s, const std::wstring& command);
+// "IfDoLoopWhile", "IfDoLoopUntil", "ForEachNext", "ForNext", "While".
+void LoopCodeInsert(shell::Session& s, const std::wstring& command);
+
+}  // namespace quillet::generators
