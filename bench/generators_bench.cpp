@@ -1,0 +1,65 @@
+// A statement command issued in a large module: what the user waits for after a click.
+#include <memory>
+#include <string>
+
+#include "bench.h"
+#include "generators/quillet.h"
+#include "hostmodel/clock.h"
+#include "hostmodel/memory_platform.h"
+#include "hostmodel/memory_vbe.h"
+#include "shell/session.h"
+#include "ui/test_ui_host.h"
+#include "ui/ui_context.h"
+
+namespace quillet::bench {
+namespace {
+
+struct Editor {
+  host::MemoryPlatform platform{nullptr};
+  host::MemoryVBE vbe{platform};
+  host::Clock clock;
+  ui::TestUiHost uiHost;
+  ui::UiContext ui{uiHost, clock};
+  shell::Session session{platform, ui};
+  std::shared_ptr<host::MemoryComponent> module;
+  std::vector<std::wstring> lines;
+
+  Editor() {
+    session.vbe = &vbe;
+    auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Big.xlsm");
+    lines = {L"Option Explicit", L"Private mTotal As Long", L""};
+    for (int p = 0; lines.size() < 10000; ++p) {
+      lines.push_back(L"' Adds to the total");
+      lines.push_back(L"Public Sub Add" + std::to_wstring(p) + L"(ByVal n As Long)");
+      for (int i = 0; i < 20; ++i) lines.push_back(L"    mTotal = mTotal + n * " + std::to_wstring(i));
+      lines.push_back(L"End Sub");
+      lines.push_back(L"");
+    }
+    module = project->AddComponent(L"Module1", host::kStdModule, lines);
+    vbe.ActivateComponent(module);
+  }
+  void Reset() {
+    module->Module()->SetAllLines(lines);
+    platform.DoEvents();
+    // In the middle of the module, on a line of a procedure body.
+    long line = static_cast<long>(lines.size() / 2);
+    while (lines[line - 1].rfind(L"    ", 0) != 0) ++line;
+    vbe.ActiveCodePane()->SetSelection(line, 5, line, 5);
+  }
+};
+
+std::unique_ptr<Editor> editor;
+
+Register ifThen({"command \"If Then\" in a module of 10 000 lines", "under 1 ms",
+                 [] {
+                   if (!editor) editor = std::make_unique<Editor>();
+                   editor->Reset();
+                 },
+                 [] {
+                   std::wstring argument;
+                   generators::QuilletHandle(editor->session, L"If Then", argument);
+                 },
+                 20});
+
+}  // namespace
+}  // namespace quillet::bench
