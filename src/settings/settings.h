@@ -16,4 +16,8 @@ void TypePrefixFromIniFile(shell::Session& s);
 // is reported.
 bool FoldersCreate(shell::Session& s);
 
+// Opens the settings dialog modally; `firstRun` marks the first start, when the user's
+// personal data is still to be filled in. The dialog is not available yet: nothing opens.
+void SettingsDialogOpen(shell::Session& s, bool firstRun);
+
 }  // namespace quillet::settings

@@ -17,6 +17,10 @@ class UiContext;
 class UiHost;
 }
 
+namespace quillet::settings {
+struct NamingStandard;
+}
+
 namespace quillet::shell {
 
 class Connect;
@@ -66,6 +70,11 @@ struct Session {
   std::unique_ptr<TimerForm> timerForm;
   // The two tool windows.
   host::Ptr<host::Window> directAccessWindow, codeExplorerWindow;
+
+  // ---- settings ----
+  // The naming standard: the type-to-prefix table, the prefix lookups derived from it and
+  // the keywords; made on first use by settings::Naming.
+  std::shared_ptr<settings::NamingStandard> namingStandard;
 };
 
 }  // namespace quillet::shell
