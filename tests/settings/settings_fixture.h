@@ -57,6 +57,7 @@ class SettingsTest : public ::testing::Test {
     return text.str();
   }
   bool Exists(const std::string& relative) const { return fs::exists(root_ / relative); }
+  void Remove(const std::string& relative) { fs::remove_all(root_ / relative); }
   // A file of the program's folder.
   void PutHome(const std::string& name, const std::string& bytes) { Put("c/Program Files/Quillet/" + name, bytes); }
   std::string GetHome(const std::string& name) const { return Get("c/Program Files/Quillet/" + name); }
