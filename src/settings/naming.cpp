@@ -221,10 +221,12 @@ std::wstring NameWithPrefix(shell::Session& s, std::wstring_view name, std::wstr
       found = PrefixesCheck(s, name, typeName, scope, scopePrefix, isConstant, rest) != L"0; ; ; ";
       if (found) typeFromName = typeName;
     } else {
-      // The scope is known: only the base is taken from the name.
+      // The scope is known and stands; the name gives the base, and the type when none
+      // was given.
       long ignoredScope = kScopeNone;
       std::wstring ignoredPrefix;
       found = PrefixesCheck(s, name, typeFromName, ignoredScope, ignoredPrefix, isConstant, rest) != L"0; ; ; ";
+      if (found && typeName.empty()) typeName = typeFromName;
     }
     if (found) base = rest;
     if (isConstant && SettingTruth(s, kSetPickedUpNameUcase)) base = vba::UCase(base);
