@@ -1,6 +1,6 @@
 #include "generators/error_handlers.h"
 
-#include "settings/settings.h"
+#include "settings/folders.h"
 #include "shell/errors.h"
 #include "vba/like.h"
 #include "vba/text.h"

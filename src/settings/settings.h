@@ -12,10 +12,12 @@ namespace quillet::settings {
 void InitializeGlobalVars(shell::Session& s, bool& firstLoad);
 // Reads the type-to-prefix table of the naming standard and derives the prefix lookups.
 void TypePrefixFromIniFile(shell::Session& s);
-// The folder of the error-handler fragments (<errorhandlers>), with its final "\".
-std::wstring ErrorHandlersFolderGet(const shell::Session& s);
 // Creates the code folders that do not exist, one level each; false after a failure, which
 // is reported.
 bool FoldersCreate(shell::Session& s);
+
+// Opens the settings dialog modally; `firstRun` marks the first start, when the user's
+// personal data is still to be filled in. The dialog is not available yet: nothing opens.
+void SettingsDialogOpen(shell::Session& s, bool firstRun);
 
 }  // namespace quillet::settings

@@ -20,6 +20,10 @@ class UiContext;
 class UiHost;
 }
 
+namespace quillet::settings {
+struct NamingStandard;
+}
+
 namespace quillet::shell {
 
 class Connect;
@@ -73,6 +77,11 @@ struct Session {
   std::vector<std::unique_ptr<ui::Form>> openForms;
   // Commands of later versions that have said so once in the Immediate window.
   std::set<std::wstring> announcedUnavailable;
+
+  // ---- settings ----
+  // The naming standard: the type-to-prefix table, the prefix lookups derived from it and
+  // the keywords; made on first use by settings::Naming.
+  std::shared_ptr<settings::NamingStandard> namingStandard;
 };
 
 }  // namespace quillet::shell

@@ -15,7 +15,7 @@ json Quoted(std::wstring_view s) { return U(s); }
 }  // namespace
 
 int RunnerUiHost::MsgBox(std::wstring_view prompt, int buttons, std::wstring_view title) {
-  std::string asked = "a message box (\"" + U(prompt) + "\")";
+  std::string asked = "a message box " + json(U(prompt)).dump();
   const json* step = runner_.PeekStep();
   if (!step || !step->is_object() || !step->contains("msgbox")) runner_.WrongAnswer(asked, "msgbox");
   const json& answer = (*step)["msgbox"];
@@ -35,7 +35,7 @@ int RunnerUiHost::MsgBox(std::wstring_view prompt, int buttons, std::wstring_vie
 
 std::optional<std::wstring> RunnerUiHost::InputBox(std::wstring_view prompt, std::wstring_view title,
                                                    std::wstring_view defaultText) {
-  std::string asked = "an input box (\"" + U(prompt) + "\")";
+  std::string asked = "an input box " + json(U(prompt)).dump();
   const json* step = runner_.PeekStep();
   if (!step || !step->is_object() || !step->contains("inputbox")) runner_.WrongAnswer(asked, "inputbox");
   const json& answer = (*step)["inputbox"];

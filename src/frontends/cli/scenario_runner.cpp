@@ -185,8 +185,7 @@ void ScenarioRunner::SetupHome(const json& s) {
     }
   }
   if (s.value("testing", false)) sandbox_.Write(io::JoinPath(kProgramFolder, L"testing.txt"), "");
-  if (s.contains("settings") || s.contains("firstRun"))
-    SetupSettings(s.value("firstRun", false), s.contains("settings") ? s["settings"] : json::object());
+  SetupSettings(s.value("firstRun", false), s.contains("settings") ? s["settings"] : json::object());
 }
 
 void ScenarioRunner::SetupProjects(const json& projects) {

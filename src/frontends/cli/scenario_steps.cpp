@@ -5,6 +5,7 @@
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
 #include "generators/quillet.h"
+#include "settings/items.h"
 #include "hostmodel/keystrokes.h"
 #include "shell/errors.h"
 #include "ui/controls.h"
@@ -14,6 +15,8 @@
 
 namespace quillet::cli {
 namespace {
+
+constexpr const wchar_t* kProgramFolderPath = L"C:\\Program Files\\Quillet\\";
 
 const std::set<std::string> kAnswerSteps = {"msgbox", "inputbox", "file", "folder"};
 const std::set<std::string> kEditorSteps = {"select",  "activate",        "window",    "selectComponent",
@@ -239,7 +242,14 @@ json ScenarioRunner::DumpBar() const {
 }
 
 void ScenarioRunner::SetupSettings(bool firstRun, const json& values) {
-  if (!values.empty()) throw UnreadableInput{"\"settings\" is not available yet: the settings arrive with a later version"};
+  // Not a first run: the user has been here before and has a settings file.
+  if (!firstRun) settings::WriteDefaultSettingsFiles(sandbox_.Files(), kProgramFolderPath, L"Developer");
+  if (!values.is_object()) throw UnreadableInput{"\"settings\" is an object of keys and values"};
+  std::vector<std::pair<std::wstring, std::wstring>> pairs;
+  for (const auto& [key, value] : values.items())
+    pairs.emplace_back(W(json(key)), value.is_string() ? W(value) : W(json(value.dump())));
+  std::vector<std::wstring> unknown = settings::WriteSettingValues(sandbox_.Files(), kProgramFolderPath, pairs);
+  if (!unknown.empty()) throw UnreadableInput{"\"settings\": no setting has the key \"" + U(unknown.front()) + "\""};
 }
 
 }  // namespace quillet::cli

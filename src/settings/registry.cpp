@@ -1,0 +1,47 @@
+#include "settings/registry.h"
+
+#include "shell/product.h"
+#include "ui/control.h"
+#include "vba/numbers.h"
+
+namespace quillet::settings {
+
+namespace {
+constexpr const wchar_t* kUserSection = L"Quillet";
+}
+
+std::wstring RegKeyValueGet(const shell::Session& s, std::wstring_view key, std::wstring_view name) {
+  std::optional<std::wstring> value = s.platform.RegistryValue(key, name);
+  if (!value) return {};
+  std::size_t nul = value->find(L'\0');
+  if (nul != std::wstring::npos) value->resize(nul);
+  return *value;
+}
+
+std::wstring EditorFontName(const shell::Session& s) {
+  std::wstring face = RegKeyValueGet(s, kEditorRegistryKey, L"FontFace");
+  return face.empty() ? L"Courier New" : face;
+}
+
+std::optional<double> EditorFontSize(const shell::Session& s) {
+  std::wstring height = RegKeyValueGet(s, kEditorRegistryKey, L"FontHeight");
+  if (!vba::IsNumeric(height)) return std::nullopt;
+  return vba::CDbl(height);
+}
+
+void SetFont(const shell::Session& s, ui::Control& control) {
+  ui::FontInfo font = control.Font();
+  font.name = EditorFontName(s);
+  if (auto size = EditorFontSize(s)) font.size = *size;
+  control.SetFont(font);
+}
+
+std::wstring UserSettingGet(const shell::Session& s, std::wstring_view key, std::wstring_view defaultValue) {
+  return s.platform.GetSetting(shell::kAppName, kUserSection, key, defaultValue);
+}
+
+void UserSettingSave(shell::Session& s, std::wstring_view key, std::wstring_view value) {
+  s.platform.SaveSetting(shell::kAppName, kUserSection, key, value);
+}
+
+}  // namespace quillet::settings
