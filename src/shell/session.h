@@ -17,6 +17,10 @@ class UiContext;
 class UiHost;
 }
 
+namespace quillet::analysis {
+class clsScanProc;
+}
+
 namespace quillet::shell {
 
 class Connect;
@@ -66,6 +70,11 @@ struct Session {
   std::unique_ptr<TimerForm> timerForm;
   // The two tool windows.
   host::Ptr<host::Window> directAccessWindow, codeExplorerWindow;
+
+  // --- analysis ---
+  // The current scan: the procedure at the caret as the statement builders and the error
+  // handling last read it; nullptr while no procedure was scanned.
+  std::shared_ptr<analysis::clsScanProc> currentScan;
 };
 
 }  // namespace quillet::shell
