@@ -154,6 +154,17 @@ TEST_F(ScanProc, BodylessProceduresPropertiesAndAnEndInACommentBelow) {
   EXPECT_EQ(Reported(), L"");
 }
 
+TEST_F(ScanProc, AProcedureWithoutEndHasItsExitLineReportedAndTheRestRead) {
+  Code({L"Option Explicit", L"", L"' comment", L"Sub P()", L"    Dim x"}, 5);
+  clsScanProc scan;
+  scan.init(s, false);
+  EXPECT_EQ(scan.ProcRealEndLine, 2);  // the walk for "End " stops at the first line
+  EXPECT_EQ(scan.ProcExitLine, 0);
+  EXPECT_NE(Reported().find(L"basGlobal.ProcExitLineGet"), std::wstring::npos);
+  EXPECT_EQ(scan.ProcVars.Count(), 1);
+  EXPECT_EQ(scan.ProcDeclAreaStartLine, 5);
+}
+
 TEST_F(ScanProc, RepeatedNamesKeepTheFirstEntryWithoutAReport) {
   Code({
       L"Sub P(a As Long, a As String)",  // 1
