@@ -23,6 +23,9 @@ class UiHost;
 namespace quillet::settings {
 struct NamingStandard;
 }
+namespace quillet::analysis {
+class clsScanProc;
+}
 
 namespace quillet::shell {
 
@@ -82,6 +85,11 @@ struct Session {
   // The naming standard: the type-to-prefix table, the prefix lookups derived from it and
   // the keywords; made on first use by settings::Naming.
   std::shared_ptr<settings::NamingStandard> namingStandard;
+
+  // --- analysis ---
+  // The current scan: the procedure at the caret as the statement builders and the error
+  // handling last read it; nullptr while no procedure was scanned.
+  std::shared_ptr<analysis::clsScanProc> currentScan;
 };
 
 }  // namespace quillet::shell

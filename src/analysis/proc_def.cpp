@@ -1,0 +1,307 @@
+#include "analysis/proc_def.h"
+
+#include <vector>
+
+#include "analysis/keyed.h"
+#include "analysis/line_scan.h"
+#include "analysis/records.h"
+#include "shell/errors.h"
+#include "vba/error.h"
+#include "vba/like.h"
+#include "vba/strings.h"
+#include "vba/text.h"
+
+namespace quillet::analysis {
+namespace {
+
+constexpr std::wstring_view kCrLf = L"\r\n";
+
+bool StartsWith(std::wstring_view s, std::wstring_view prefix) { return s.substr(0, prefix.size()) == prefix; }
+
+// Takes a keyword off the left end and trims what remains.
+std::wstring Behind(std::wstring_view s, std::size_t keywordLength) { return vba::Trim(s.substr(keywordLength)); }
+
+// Position (0-based) of the first `c` outside double quotes, searching forward or from the
+// end; npos when there is none.
+std::size_t FindOutsideQuotes(std::wstring_view s, wchar_t c, bool fromEnd) {
+  bool inString = false;
+  for (std::size_t k = 0; k < s.size(); ++k) {
+    std::size_t i = fromEnd ? s.size() - 1 - k : k;
+    if (s[i] == L'"') inString = !inString;
+    else if (s[i] == c && !inString) return i;
+  }
+  return std::wstring_view::npos;
+}
+
+// The return type behind the last ") As " (any case), or the type of the type character
+// taken off the name.
+std::wstring ReturnTypeOf(std::wstring_view definition, wchar_t typeChar) {
+  std::wstring type;
+  long p = vba::InStrRev(definition, L") As ", -1, vba::Compare::Text);
+  if (p > 0) type = vba::Trim(vba::Mid(definition, p + 5));
+  if (type.empty() && typeChar) type = TypeOfTypeChar(typeChar);
+  return type;
+}
+
+// Takes a type character off the end of a name; the character, or 0 when there was none.
+wchar_t TakeTypeChar(std::wstring& name) {
+  if (name.empty() || !IsTypeChar(name.back())) return 0;
+  wchar_t c = name.back();
+  name.pop_back();
+  return c;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------
+// Arguments
+
+void Rv_ProcArgument::init(std::wstring_view vstrArgDef) {
+  ArgDef = vstrArgDef;
+  std::wstring s = vba::Trim(vstrArgDef);
+  if (s.empty()) return;
+  if (s.size() > 8 && StartsWith(s, L"Optional")) {
+    IsOptional = true;
+    s = Behind(s, 8);
+  }
+  PassedBy = L"ByRef";
+  if (s.size() > 5) {
+    if (StartsWith(s, L"ByVal")) {
+      IsPassedByVal = true;
+      PassedBy = L"ByVal";
+      s = Behind(s, 5);
+    } else if (StartsWith(s, L"ByRef")) {
+      s = Behind(s, 5);
+    }
+  }
+  if (s.size() > 10 && StartsWith(s, L"ParamArray")) {
+    IsParamArray = true;
+    s = Behind(s, 10);
+  }
+
+  std::size_t end = s.find_first_of(L"( \t\r\n");
+  Name = vba::Trim(std::wstring_view(s).substr(0, end));
+  s = end == std::wstring::npos ? std::wstring() : Behind(s, end);
+
+  if (!s.empty() && s.front() == L'(') {
+    IsArray = true;
+    std::size_t close = s.find(L')');
+    if (close != std::wstring::npos) s = Behind(s, close + 1);
+  }
+
+  if (s.empty()) {
+    Type_ = L"Variant";
+  } else if (s.front() == L'=') {
+    Type_ = L"Variant";
+    s = Behind(s, 1);
+  } else {
+    // The first two characters are the word "As", taken without looking at them.
+    s = vba::Trim(vba::Mid(s, 3));
+    std::size_t eq = s.find(L'=');
+    if (eq == std::wstring::npos) {
+      Type_ = s;
+      s.clear();
+    } else {
+      Type_ = s.substr(0, eq);
+      // A default of one character right behind "=" counts as none.
+      s = s.size() > eq + 2 ? Behind(s, eq + 1) : std::wstring();
+    }
+  }
+  Type_ = vba::Trim(Type_);
+  if (!s.empty()) DefaultValue = s;
+}
+
+void Rv_ProcArguments::init(std::wstring_view vstrProcDef) {
+  items_.Clear();
+  std::wstring raw;
+  std::size_t open = FindOutsideQuotes(vstrProcDef, L'(', false);
+  std::size_t close = FindOutsideQuotes(vstrProcDef, L')', true);
+  if (open != std::wstring_view::npos && close != std::wstring_view::npos) {
+    // From the character behind "(" to the one before ")"; a single character between
+    // them does not count as a list.
+    std::size_t a = open + 1, b = close - 1;
+    if (close > 0 && a < b) raw = vstrProcDef.substr(a, b - a + 1);
+  }
+  std::vector<std::wstring> pieces;
+  DeclListSplit(raw, pieces);
+  for (const std::wstring& piece : pieces) {
+    auto argument = std::make_shared<Rv_ProcArgument>();
+    argument->init(piece);
+    Add(std::move(argument));
+  }
+  std::wstring shortString;
+  for (const auto& argument : items_) {
+    if (!shortString.empty()) shortString += L", ";
+    shortString += argument->IsOptional ? L"[" + argument->Name + L"]" : argument->Name;
+  }
+  ShortStringOfArguments = shortString;
+  StringOfArguments = raw;
+}
+
+void Rv_ProcArguments::Add(std::shared_ptr<Rv_ProcArgument> argument) {
+  std::wstring key = argument->Name;
+  items_.Add(std::move(argument), key);
+}
+
+// ---------------------------------------------------------------------------------------
+// One procedure
+
+Rv_ProcDef::Rv_ProcDef() : ProcArguments(std::make_shared<Rv_ProcArguments>()) {}
+
+std::wstring ProcKindString(host::ProcKind kind) {
+  switch (kind) {
+    case host::kLetKind: return L"Property Let";
+    case host::kSetKind: return L"Property Set";
+    case host::kGetKind: return L"Property Get";
+    default: return L"Sub/Function";
+  }
+}
+
+void Rv_ProcDef::init(shell::Session& s, std::wstring_view project, host::CodeModule& module,
+                      std::wstring_view name, host::ProcKind kind) {
+  Project = project;
+  ModuleName = module.Name();
+  Name = name;
+  ProcKind = kind;
+  host::Ptr<host::VBProject> active = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+  if (active && vba::EqualsText(active->Name(), project)) GroupName = project;
+  ProcKindStr = ProcKindString(kind);
+  ProcStartLine = module.ProcStartLine(name, kind);
+  ProcCountLines = module.ProcCountLines(name, kind);
+  ProcBodyLine = module.ProcBodyLine(name, kind);
+  ProcCode = module.Lines(ProcBodyLine, ProcCountLines - (ProcBodyLine - ProcStartLine));
+  DefinitionRead(s);
+}
+
+void Rv_ProcDef::Init2(shell::Session& s, std::wstring_view codeText, std::wstring_view moduleName) {
+  Project = L"Library";
+  ModuleName = moduleName;
+  ProcKind = host::kProcKind;
+  ProcKindStr = ProcKindString(host::kProcKind);
+  GroupName = ModuleName;
+  ProcStartLine = ProcBodyLine = 1;
+  ProcCountLines = SubstringCount(codeText, kCrLf) + 1;
+  ProcCode = codeText;
+  DefinitionRead(s);
+  IsLibraryProcedure = true;
+}
+
+void Rv_ProcDef::DefinitionRead(shell::Session& s) {
+  ProcDefGet(s);
+  ProcArguments->init(OneLineProcDef);
+}
+
+void Rv_ProcDef::ProcDefGet(shell::Session& s) {
+  shell::Trap(s, L"Rv_ProcDef.ProcDefGet", [&] {
+    if (IsDeclarationSection) return;
+
+    // The definition runs to the first line whose last character is no "_"; the one-line
+    // form joins the trimmed pieces without a blank between them. The lines are taken
+    // from the code one by one: a long procedure is not split for its first lines.
+    long n = 0;
+    std::wstring multi, one;
+    const std::wstring_view code = ProcCode;
+    for (std::size_t from = code.empty() ? std::wstring_view::npos : 0; from != std::wstring_view::npos;) {
+      std::size_t to = code.find(kCrLf, from);
+      std::wstring_view line = code.substr(from, to == std::wstring_view::npos ? to : to - from);
+      from = to == std::wstring_view::npos ? to : to + kCrLf.size();
+      ++n;
+      std::wstring t = vba::Trim(line);
+      if (t.empty()) continue;
+      bool done = t.back() != L'_';
+      if (!multi.empty()) multi += kCrLf;
+      multi += line;
+      if (!done) {
+        t.pop_back();
+        t = vba::Trim(t);
+      }
+      one += t;
+      if (done) break;
+    }
+    ProcIsFunction = vba::Like(one, L"*Function *");
+    ProcDefStartLine = ProcBodyLine;
+    ProcDefCountOfLines = n;
+
+    ProcIsPublic = true;
+    if (StartsWith(one, L"Public")) {
+      ProcIsPublic = true;
+      ProcIsStatic = false;
+    }
+    if (StartsWith(one, L"Static")) {
+      ProcIsStatic = true;
+      ProcIsPublic = false;
+    }
+    if (StartsWith(one, L"Private")) {
+      ProcIsPublic = false;
+      ProcIsStatic = false;
+    }
+
+    std::vector<std::wstring> parts;
+    LineDisjunction(multi, parts);
+    ProcDef = parts.at(0);
+    LineDisjunction(one, parts);
+    OneLineProcDef = parts.at(0);
+
+    if (Name.empty()) {
+      std::vector<std::wstring> pieces = vba::Split(OneLineProcDef, L"(");
+      if (pieces.size() > 1) {
+        std::vector<std::wstring> words = vba::Split(vba::Trim(pieces[0]), L" ");
+        if (!words.empty()) Name = words.back();
+      }
+    }
+    wchar_t typeChar = TakeTypeChar(Name);
+    if (ProcIsFunction) ProcReturnType = ReturnTypeOf(OneLineProcDef, typeChar);
+  });
+}
+
+// ---------------------------------------------------------------------------------------
+// The procedures of a module
+
+void Rv_ProcDefs::init(std::wstring_view projectName, host::CodeModule& module) {
+  ProjectName = projectName;
+  ModuleName = module.Name();
+  host::Ptr<host::VBComponent> component = module.Parent();
+  ModuleType = component && component->Type() == host::kStdModule ? 0 : 1;
+  ModuleTypeStr = ModuleType == 0 ? L"Standard module" : L"Class module";
+}
+
+void Rv_ProcDefs::Add(shell::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic) {
+  TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] {
+    host::ProcKind kind = host::kProcKind;
+    std::wstring name = module.ProcOfLine(vlngLineNo, kind);
+    if (name.empty()) return;
+    std::wstring key = name + L"*" + std::to_wstring(static_cast<int>(kind));
+    if (items_.Exists(key) || (vblnOnlyPublic && refused_.Exists(key))) return;
+    auto procedure = std::make_shared<Rv_ProcDef>();
+    procedure->init(s, ProjectName, module, name, kind);
+    if (procedure->ProcIsPublic || !vblnOnlyPublic) items_.Add(std::move(procedure), key);
+    else refused_.Add(true, key);
+  });
+}
+
+void Rv_ProcDefs::AddProc(shell::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key) {
+  TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] { AddKeepingFirst(items_, std::move(procedure), key); });
+}
+
+void DeclaredProcAdd(shell::Session& s, std::wstring_view text, std::wstring_view moduleName,
+                     ProcDefCollection& procs, bool isPublic) {
+  TrapPassingDuplicates(s, L"basGlobal.DeclaredProcAdd", [&] {
+    auto procedure = std::make_shared<Rv_ProcDef>();
+    std::vector<std::wstring> words = vba::Split(text, L" ");
+    if (words.size() < 2) vba::Raise(vba::kErrSubscript);
+    procedure->Name = words[1];
+    wchar_t typeChar = TakeTypeChar(procedure->Name);
+    host::Ptr<host::VBProject> active = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+    if (!active) vba::Raise(vba::kErrObjectNotSet);
+    procedure->Project = procedure->GroupName = active->Name();
+    procedure->ModuleName = moduleName;
+    procedure->ProcIsFunction = vba::EqualsText(words[0], L"Function");
+    procedure->ProcIsPublic = isPublic;
+    if (procedure->ProcIsFunction) procedure->ProcReturnType = ReturnTypeOf(text, typeChar);
+    procedure->ProcArguments->init(text);
+    std::wstring key = procedure->Project + L"." + procedure->Name;
+    AddKeepingFirst(procs, std::move(procedure), key);
+  });
+}
+
+}  // namespace quillet::analysis
