@@ -24,7 +24,18 @@ ProcDefCollection ModuleProperProcsGet(shell::Session& s, const host::Ptr<host::
       if (host::Ptr<host::VBProject> project = siblings->Parent()) projectName = project->Name();
     Rv_ProcDefs procs;
     procs.init(projectName, *module);
-    for (long line = 1; line <= count; ++line) procs.Add(s, *module, line, false);
+    // Every line of a procedure names the same procedure: one line of each is enough.
+    for (long line = module->CountOfDeclarationLines() + 1; line <= count;) {
+      host::ProcKind kind = host::kProcKind;
+      std::wstring name = module->ProcOfLine(line, kind);
+      if (name.empty()) {
+        ++line;
+        continue;
+      }
+      procs.Add(s, *module, line, false);
+      long next = module->ProcStartLine(name, kind) + module->ProcCountLines(name, kind);
+      line = next > line ? next : line + 1;
+    }
 
     const bool standard = c->Type() == host::kStdModule;
     for (const std::shared_ptr<Rv_ProcDef>& p : procs.Items()) {

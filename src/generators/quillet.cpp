@@ -1,5 +1,7 @@
 #include "generators/quillet.h"
 
+#include "analysis/scan_proc.h"
+#include "generators/scope.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
 #include "shell/errors.h"
@@ -22,6 +24,7 @@ void QuilletHandle(shell::Session& s, const std::wstring& command, std::wstring&
     host::Ptr<host::Window> window = s.vbe->ActiveWindow();
     if (!window || window->Type() != host::kCodeWindow) return;
     s.currentCommand = argument.empty() ? command : command + L" " + argument;
+    initialize(s, command, argument);
 
     // Comparison is exact: "If Then Else If" and "If Then ElseIf Else" are two commands.
     if (IsOneOf(command, {L"On Error Resume Next", L"On Error GoTo 0"})) {
@@ -30,6 +33,10 @@ void QuilletHandle(shell::Session& s, const std::wstring& command, std::wstring&
       IfCodeInsert(s, command);
     } else if (IsOneOf(command, {L"IfDoLoopWhile", L"IfDoLoopUntil", L"ForEachNext", L"ForNext", L"While"})) {
       LoopCodeInsert(s, command);
+    } else if (command == L"Exit") {
+      // Outside a procedure there is nothing to leave.
+      if (s.currentScan && !s.currentScan->ProcTypeStr.empty())
+        CodeInsert(s, L"Exit " + s.currentScan->ProcTypeStr, L"Exit", true, true);
     } else if (command == L"Filename") {
       FilenameAdd(s);
     } else if (command == L"Folder") {

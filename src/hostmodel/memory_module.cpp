@@ -63,6 +63,9 @@ std::wstring MemoryCodeModule::Lines(long start, long count) const {
   CheckLine(start, CountOfLines());
   CheckLine(start + count - 1, CountOfLines());
   std::wstring out;
+  std::size_t size = 0;
+  for (long i = start; i < start + count; ++i) size += lines_[i - 1].size() + 2;
+  out.reserve(size);
   for (long i = start; i < start + count; ++i) {
     if (i > start) out += L"\r\n";
     out += lines_[i - 1];

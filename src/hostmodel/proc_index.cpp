@@ -35,7 +35,17 @@ std::wstring Key(std::wstring_view name, ProcKind kind) {
 
 }  // namespace
 
+// The first character that is no blank, or 0.
+static wchar_t FirstChar(std::wstring_view line) {
+  for (wchar_t c : line)
+    if (!IsSpace(c)) return c;
+  return 0;
+}
+
 bool ParseProcHeader(std::wstring_view line, std::wstring& name, ProcKind& kind) {
+  // Every header starts with Public, Private, Friend, Static, Sub, Function or Property.
+  wchar_t first = vba::ToUpper(FirstChar(line));
+  if (first != L'P' && first != L'F' && first != L'S') return false;
   std::size_t pos = 0;
   std::wstring_view word = NextWord(line, pos);
   if (WordIs(word, L"Public") || WordIs(word, L"Private") || WordIs(word, L"Friend")) word = NextWord(line, pos);
@@ -60,6 +70,7 @@ bool ParseProcHeader(std::wstring_view line, std::wstring& name, ProcKind& kind)
 }
 
 bool IsProcEnd(std::wstring_view line) {
+  if (vba::ToUpper(FirstChar(line)) != L'E') return false;
   std::size_t pos = 0;
   if (!WordIs(NextWord(line, pos), L"End")) return false;
   std::wstring_view what = NextWord(line, pos);
@@ -84,17 +95,21 @@ void ProcIndex::Build(const std::vector<std::wstring>& lines) {
   const long count = static_cast<long>(lines.size());
   long lastCode = 0;       // last line that is neither blank nor comment, outside procedures
   bool inProc = false;
-  std::wstring logical, name;
+  std::wstring joined, name;
   ProcKind kind = kProcKind;
 
   for (long i = 0; i < count;) {
     // Join a logical line that is continued with " _".
     long first = i;
-    logical = lines[i];
-    while (Continues(lines[i]) && i + 1 < count) {
-      ++i;
-      logical += L' ';
-      logical += lines[i];
+    std::wstring_view logical = lines[i];
+    if (Continues(lines[i]) && i + 1 < count) {
+      joined = lines[i];
+      while (Continues(lines[i]) && i + 1 < count) {
+        ++i;
+        joined += L' ';
+        joined += lines[i];
+      }
+      logical = joined;
     }
     long last = i;
     ++i;

@@ -25,6 +25,10 @@ struct NamingStandard;
 }
 namespace quillet::analysis {
 class clsScanProc;
+struct ProjectModels;
+}
+namespace quillet::generators {
+struct Scope;
 }
 
 namespace quillet::shell {
@@ -90,6 +94,12 @@ struct Session {
   // The current scan: the procedure at the caret as the statement builders and the error
   // handling last read it; nullptr while no procedure was scanned.
   std::shared_ptr<analysis::clsScanProc> currentScan;
+  // The project's and the libraries' public declarations, replaced at each project change.
+  std::shared_ptr<analysis::ProjectModels> models;
+
+  // ---- generators ----
+  // The scope collections of the statement commands, rebuilt for each command.
+  std::shared_ptr<generators::Scope> scope;
 };
 
 }  // namespace quillet::shell

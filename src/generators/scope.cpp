@@ -1,0 +1,73 @@
+#include "generators/scope.h"
+
+#include "analysis/module_procs.h"
+#include "shell/errors.h"
+#include "shell/position.h"
+
+namespace quillet::generators {
+
+Scope& ScopeOf(shell::Session& s) {
+  if (!s.scope) s.scope = std::make_shared<Scope>();
+  return *s.scope;
+}
+
+const analysis::ProjectModels& ModelsOf(shell::Session& s) {
+  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
+  return *s.models;
+}
+
+const analysis::ProcDefCollection& Scope::ModuleProcs(shell::Session& s) {
+  if (!moduleProcs_) {
+    moduleProcs_.emplace();
+    if (component_) *moduleProcs_ = analysis::ModuleProperProcsGet(s, component_, true);
+  }
+  return *moduleProcs_;
+}
+
+void initialize(shell::Session& s, const std::wstring& command, const std::wstring& argument) {
+  // A fresh scope: what the last command knew is gone.
+  auto scope = std::make_shared<Scope>();
+  scope->command = command;
+  scope->argument = argument;
+  s.scope = scope;
+  if (host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr)
+    scope->component_ = pane->CodeModule()->Parent();
+
+  std::wstring name;
+  long body = 0;
+  if (!shell::CurrentProcGet(s, true, name, body)) {
+    s.currentScan.reset();
+    return;
+  }
+  auto scan = std::make_shared<analysis::clsScanProc>();
+  scan->init(s, true);
+  scope->ProcVars = scan->ProcVars;
+  scope->ProcConsts = scan->ProcConsts;
+  scope->ProcLabels = scan->ProcLabels;
+  s.currentScan = scan;
+}
+
+std::wstring VarTypeGet(shell::Session& s, const std::wstring& name) {
+  Scope& scope = ScopeOf(s);
+  initialize(s, scope.command, scope.argument);
+  Scope& fresh = ScopeOf(s);
+  for (const analysis::Variables* vars : std::initializer_list<const analysis::Variables*>{&fresh.ProcVars, &fresh.ModuleVars, &ModelsOf(s).ProjectVars})
+    if (const auto* v = vars->Find(name)) return (*v)->Type_;
+  return {};
+}
+
+std::wstring ProcReturnTypeGet(shell::Session& s, const std::wstring& name) {
+  Scope& scope = ScopeOf(s);
+  initialize(s, scope.command, scope.argument);
+  // The project's and the module's procedures are asked for a member that a procedure
+  // definition does not have, so they never answer: only a library function does.
+  const analysis::ProjectModels& models = ModelsOf(s);
+  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+  if (!project) return {};
+  host::Ptr<host::References> refs = project->References();
+  for (long i = 1; i <= refs->Count(); ++i)
+    if (const auto* def = models.LibraryProcs.Find(refs->Item(i)->Name() + L"." + name)) return (*def)->ProcReturnType;
+  return {};
+}
+
+}  // namespace quillet::generators
