@@ -321,10 +321,36 @@ std::shared_ptr<MemoryProject> MemoryVBE::AddProject(std::wstring name, std::wst
 std::shared_ptr<MemoryProject> MemoryVBE::AddProject(io::ProjectFolder folder) {
   auto p = AddProject(folder.name, folder.fileName);
   p->folder = folder.folder;
+  p->hasProjectFile = folder.hasProjectFile;
   p->SetProtection(folder.protection);
   p->SetReferences(std::move(folder.references));
-  for (auto& m : folder.modules) p->AddComponent(std::move(m));
+  for (std::size_t i = 0; i < folder.modules.size(); ++i) {
+    auto c = p->AddComponent(std::move(folder.modules[i]));
+    if (i < folder.moduleFiles.size()) c->fileName = folder.moduleFiles[i];
+  }
   return p;
+}
+
+io::ProjectFolder MemoryProject::ToFolder() const {
+  io::ProjectFolder f;
+  f.folder = folder;
+  f.name = name_;
+  f.fileName = fileName_;
+  f.protection = protection_;
+  f.hasProjectFile = hasProjectFile;
+  for (const auto& r : references_) f.references.push_back(r->Info());
+  for (const auto& c : components_) {
+    f.modules.push_back(c->File());
+    f.moduleFiles.push_back(c->fileName);
+  }
+  return f;
+}
+
+void MemoryVBE::SaveProject(const std::shared_ptr<MemoryProject>& project, std::wstring folder) {
+  io::ProjectFolder f = project->ToFolder();
+  if (!folder.empty()) f.folder = std::move(folder);
+  if (f.folder.empty()) vba::Raise(vba::kErrPathNotFound, L"The project " + project->Name() + L" has no folder to be saved in");
+  io::SaveProjectFolder(platform_.Files(), f);
 }
 
 void MemoryVBE::RemoveProject(const std::shared_ptr<MemoryProject>& project) {

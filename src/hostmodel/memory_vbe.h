@@ -69,6 +69,8 @@ class MemoryComponent : public VBComponent, public std::enable_shared_from_this<
   std::wstring Property(std::wstring_view name) const override;
 
   std::shared_ptr<MemoryCodeModule> Module() const { return module_; }
+  // The file the component was loaded from, within its project's folder; empty for a new one.
+  std::wstring fileName;
   std::shared_ptr<MemoryProject> Project() const { return project_.lock(); }
   // The module file with the current code: what Export and saving write.
   io::ModuleFile File() const;
@@ -138,6 +140,9 @@ class MemoryProject : public VBProject,
   const std::vector<std::shared_ptr<MemoryComponent>>& Components() const { return components_; }
   // The folder the project was loaded from, for saving it back.
   std::wstring folder;
+  bool hasProjectFile = false;
+  // The project as a folder of exported modules, with the code as it stands now.
+  io::ProjectFolder ToFolder() const;
 
  private:
   std::wstring FreeName(std::wstring_view base) const;
@@ -176,6 +181,9 @@ class MemoryVBE : public VBE {
   std::shared_ptr<MemoryProject> AddProject(std::wstring name, std::wstring fileName = {});
   std::shared_ptr<MemoryProject> AddProject(io::ProjectFolder folder);
   void RemoveProject(const std::shared_ptr<MemoryProject>& project);
+  // Writes the project back to the folder it was loaded from (or `folder`), each module
+  // atomically and an unchanged one byte for byte.
+  void SaveProject(const std::shared_ptr<MemoryProject>& project, std::wstring folder = {});
   std::shared_ptr<MemoryProject> Project(std::wstring_view name) const;
   const std::vector<std::shared_ptr<MemoryProject>>& Projects() const { return projects_; }
   // Opens the component's code window and makes it active, as a click in the tree does.

@@ -21,7 +21,8 @@ constexpr const wchar_t* kProgramFolderPath = L"C:\\Program Files\\Quillet\\";
 const std::set<std::string> kAnswerSteps = {"msgbox", "inputbox", "file", "folder"};
 const std::set<std::string> kEditorSteps = {"select",  "activate",        "window",    "selectComponent",
                                             "type",    "setCode",         "addComponent", "removeComponent",
-                                            "addProject", "closeProject", "protect",   "clipboard"};
+                                            "addProject", "closeProject", "protect",   "clipboard",
+                                            "saveProject"};
 
 std::string KeyOf(const json& step) {
   if (!step.is_object() || step.empty()) throw ScenarioError{"a step is a JSON object with one kind of action"};
@@ -182,6 +183,11 @@ void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& valu
     vbe_->RemoveProject(ProjectNamed(value.get<std::string>()));
   } else if (kind == "protect") {
     ProjectNamed(value.at("project").get<std::string>())->SetProtection(value.value("locked", true) ? 1 : 0);
+  } else if (kind == "saveProject") {
+    // The user saves: the project goes back to the folder it came from, or to "folder".
+    std::string name = value.is_object() ? value.at("project").get<std::string>() : value.get<std::string>();
+    std::wstring folder = value.is_object() && value.contains("folder") ? W(value["folder"]) : std::wstring();
+    vbe_->SaveProject(ProjectNamed(name), folder);
   } else if (kind == "clipboard") {
     platform_->ClipboardClear();
     platform_->ClipboardSetText(W(value));
