@@ -84,6 +84,11 @@ void ScenarioRunner::RunNextStep() {
   Settle();
 }
 
+std::string ScenarioRunner::Where() const {
+  if (!started_) return "setting up the scenario";
+  return next_ == 0 ? "starting the session" : StepLabel(next_ - 1);
+}
+
 void ScenarioRunner::Settle() {
   if (platform_) platform_->DoEvents();
 }
@@ -97,6 +102,7 @@ int ScenarioRunner::Run(const json& scenario, std::filesystem::path baseFolder) 
       if (!scenario["steps"].is_array()) throw UnreadableInput{"\"steps\" must be an array"};
       steps_ = scenario["steps"];
     }
+    started_ = true;
     Start(scenario.value("start", std::string("auto")));
     while (next_ < steps_.size()) RunNextStep();
     Finish(true, "");
@@ -105,14 +111,15 @@ int ScenarioRunner::Run(const json& scenario, std::filesystem::path baseFolder) 
     Finish(false, e.message);
     return 1;
   } catch (const ui::InputRefused& e) {
-    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    Finish(false, Where() + ": " + e.what());
     return 1;
   } catch (const json::exception& e) {
-    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    Finish(false, Where() + ": " + e.what());
     return 1;
   } catch (const std::exception& e) {
-    // The runner's own work failed (a file of the scenario could not be written).
-    Finish(false, StepLabel(next_ == 0 ? 0 : next_ - 1) + ": " + e.what());
+    // The runner's own work failed (a project folder that does not load, a file that
+    // cannot be written).
+    Finish(false, Where() + ": " + e.what());
     return 1;
   }
 }

@@ -40,6 +40,8 @@ class ScenarioRunner {
   // "step 3 {"click":"cmdOK"}" for messages.
   std::string StepLabel(std::size_t index) const;
   std::size_t NextIndex() const { return next_; }
+  // Where the scenario stands, for messages: its set-up, the start, or the last step.
+  std::string Where() const;
   void Record(json entry) { transcript_.push_back(std::move(entry)); }
   // A scenario error about what the engine is waiting for.
   [[noreturn]] void WrongAnswer(const std::string& asked, const char* answerStep) const;
@@ -79,6 +81,7 @@ class ScenarioRunner {
   std::unique_ptr<shell::OfficeConnect> excel_, word_, access_;
   std::shared_ptr<host::OfficeApplication> excelApp_, wordApp_, accessApp_;
   bool connected_ = false;
+  bool started_ = false;  // the set-up is done
 
   json steps_ = json::array();
   std::size_t next_ = 0;

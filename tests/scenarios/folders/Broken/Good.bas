@@ -1,0 +1,3 @@
+Attribute VB_Name = "Good"
+Sub B()
+End Sub

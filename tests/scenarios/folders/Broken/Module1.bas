@@ -1,0 +1,3 @@
+Option Explicit
+Sub A()
+End Sub
