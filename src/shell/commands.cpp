@@ -10,6 +10,7 @@
 #include "shell/form_open.h"
 #include "shell/frm_about.h"
 #include "shell/position.h"
+#include "shell/tips.h"
 #include "vba/strings.h"
 
 namespace quillet::shell {
@@ -80,11 +81,6 @@ const std::map<std::wstring, std::wstring, vba::TextLess>& Tools() {
       {L"mnuhAddControl", L"Add Control"},
       {L"mnuhControlAdd", L"Add Control"},
       {L"mnuhQLTAddControl", L"Add Control"},
-      {L"mnuhTipOfTheDayQuilletStartup", L"Tip of the Day"},
-      {L"mnuhTipOfTheDayVarBuilder", L"Tip of the Day"},
-      {L"mnuhTipOfTheDayCodelineBuilder", L"Tip of the Day"},
-      {L"mnuhTipOfTheDayFragmentBuilder", L"Tip of the Day"},
-      {L"mnuhTipOfTheDayProcBuilder", L"Tip of the Day"},
   };
   return table;
 }
@@ -139,6 +135,14 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
   if (vba::EqualsText(handler, L"mnuhHelpContents")) {
     return s.platform.ShellOpen(io::JoinPath(s.platform.ProgramFolder(), L"Quillet.chm"));
   }
+  static const std::pair<const wchar_t*, TipTopic> tips[] = {
+      {L"mnuhTipOfTheDayQuilletStartup", kTipStartup},
+      {L"mnuhTipOfTheDayVarBuilder", kTipVarBuilder},
+      {L"mnuhTipOfTheDayCodelineBuilder", kTipCodeLineBuilder},
+      {L"mnuhTipOfTheDayFragmentBuilder", kTipFragmentBuilder},
+      {L"mnuhTipOfTheDayProcBuilder", kTipProcBuilder}};
+  for (const auto& [name, topic] : tips)
+    if (vba::EqualsText(handler, name)) return ShowTip(s, topic, true);  // forced: even when switched off
   if (vba::StartsWithText(handler, L"mnuhWebSite")) {
     if (control) s.platform.ShellOpen(control->TooltipText());
     return;
