@@ -1,10 +1,13 @@
 // Loading the settings items from their INI files, and the dialogue of a first start.
+#include <memory>
 #include <vector>
 
+#include "settings/frm_settings.h"
 #include "settings/ini_file.h"
 #include "settings/items.h"
 #include "settings/settings.h"
 #include "shell/errors.h"
+#include "shell/form_open.h"
 #include "shell/product.h"
 #include "ui/ui_host.h"
 #include "vba/collection.h"
@@ -68,7 +71,15 @@ void FirstLoadDialogue(shell::Session& s, bool keyWasMissing) {
 
 }  // namespace
 
-void SettingsDialogOpen(shell::Session& s, bool firstRun) {}
+void SettingsDialogOpen(shell::Session& s, bool firstRun) {
+  auto form = std::make_unique<FrmSettings>(s);
+  form->SetFirstRun(firstRun);
+  shell::FormOpenOptions options;
+  options.needCodeWindow = false;
+  options.callInit = false;
+  options.showMode = 1;
+  shell::FormOpen(s, std::move(form), options);
+}
 
 void InitializeGlobalVars(shell::Session& s, bool& firstLoad) {
   bool wantDialogue = firstLoad;

@@ -17,7 +17,7 @@ void TypePrefixFromIniFile(shell::Session& s);
 bool FoldersCreate(shell::Session& s);
 
 // Opens the settings dialog modally; `firstRun` marks the first start, when the user's
-// personal data is still to be filled in. The dialog is not available yet: nothing opens.
+// personal data is still to be filled in. Returns when the dialog has closed.
 void SettingsDialogOpen(shell::Session& s, bool firstRun);
 
 }  // namespace quillet::settings

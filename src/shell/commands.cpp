@@ -5,6 +5,7 @@
 #include "generators/quillet.h"
 #include "hostmodel/commandbars.h"
 #include "io/paths.h"
+#include "settings/frm_settings.h"
 #include "shell/connect.h"
 #include "shell/errors.h"
 #include "shell/form_open.h"
@@ -65,7 +66,6 @@ const std::map<std::wstring, std::wstring, vba::TextLess>& Builders() {
       {L"mnuhAddProperty", L"frmProperty"},   {L"mnuhPropAdd", L"frmProperty"},
       {L"mnuhCodeLines", L"frmCodeLineTLI"},  {L"mnuhQLTCodeLines", L"frmCodeLineTLI"},
       {L"mnuhFragmentAdd", L"frmFragments"},  {L"mnuhQLTAddFragment", L"frmFragments"},
-      {L"mnuhSetting", L"frmSettings"},
   };
   return table;
 }
@@ -120,8 +120,14 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     o.callInit = false;
     return FormOpen(s, std::make_unique<FrmAbout>(s), o);
   }
+  if (vba::EqualsText(handler, L"mnuhSetting")) {
+    FormOpenOptions o;
+    o.needCodeWindow = false;
+    o.callInit = false;
+    return FormOpen(s, std::make_unique<settings::FrmSettings>(s), o);
+  }
   if (auto it = Builders().find(handler); it != Builders().end()) {
-    if (!vba::EqualsText(it->second, L"frmSettings") && !CodeWindowActive(s)) return;
+    if (!CodeWindowActive(s)) return;
     return NotAvailable(s, L"the builder " + it->second);
   }
   if (vba::EqualsText(handler, L"mnuhDirectAccess") || vba::EqualsText(handler, L"mnuhShortcutsAndSearch")) {

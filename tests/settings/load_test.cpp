@@ -9,6 +9,8 @@
 #include "settings/items.h"
 #include "settings/settings.h"
 #include "settings_fixture.h"
+#include "ui/form.h"
+#include "ui/user_input.h"
 
 namespace quillet::settings::testing {
 namespace {
@@ -26,9 +28,18 @@ class LoadTest : public SettingsTest {
   // The questions and boxes shown, without their long texts.
   std::vector<std::wstring> Boxes() {
     std::vector<std::wstring> boxes;
-    for (const auto& line : uiHost.Log()) boxes.push_back(line.substr(0, line.find(L'\r')));
+    for (const auto& line : uiHost.Log())
+      if (line.starts_with(L"MsgBox(")) boxes.push_back(line.substr(0, line.find(L'\r')));
     return boxes;
   }
+  // The settings dialog opens for a first run: it asks for the personal data, and the user
+  // closes it with OK.
+  void CloseSettingsDialog() {
+    uiHost.AnswerMsgBox(ui::vbOK);
+    uiHost.QueueAction([this] { ui::UserInput::Click(*ui::UserInput::FindForm(ui, L"frmSettings").Find(L"cmdOK")); });
+  }
+  static constexpr const wchar_t* kPersonalData = L"MsgBox(Please enter your personal data, 64, Quillet) = OK";
+  const std::vector<std::wstring> kDialogOnly{L"Show frmSettings modal", kPersonalData, L"Unload frmSettings"};
 };
 
 TEST(SettingItems, TheTableAndItsLookups) {
@@ -76,8 +87,9 @@ TEST_F(LoadTest, LookupsOutsideTheTableSayWhichMissed) {
 }
 
 TEST_F(LoadTest, AFirstLoadWritesEveryKeyAndOpensTheDialogWithoutQuestions) {
+  CloseSettingsDialog();
   Load();
-  EXPECT_TRUE(uiHost.Log().empty());  // the settings dialog opens; no dockable-window questions
+  EXPECT_EQ(uiHost.Log(), kDialogOnly);  // the settings dialog opens; no dockable-window questions
   std::string user = GetHome("qltusr.ini");
   std::string prefixes = GetHome("qlttp.ini");
   for (const auto& item : SettingItems()) {
@@ -127,6 +139,7 @@ TEST_F(LoadTest, ADamagedFileLoadsWithDefaultsAndLosesNoKey) {
           "[Unknown Section]\r\n"
           "u=1\r\n");
   // "Procedure Builder" and the others are missing; the prefixes file too.
+  CloseSettingsDialog();
   Load();
   EXPECT_EQ(Setting(kDeveloper), L"Ada");
   EXPECT_EQ(Setting(kMakeProcedureConstantTrue), L"-1");  // unreadable: the default stays
@@ -145,7 +158,7 @@ TEST_F(LoadTest, ADamagedFileLoadsWithDefaultsAndLosesNoKey) {
     EXPECT_THAT(after, HasSubstr(kept));
   EXPECT_TRUE(Exists("c/Program Files/Quillet/qlttp.ini"));
   // Keys were missing, so the dialog opened and nothing was asked.
-  EXPECT_TRUE(uiHost.Log().empty());
+  EXPECT_EQ(uiHost.Log(), kDialogOnly);
   // A second load reads the same values and changes nothing.
   Load();
   EXPECT_EQ(GetHome("qltusr.ini"), after);
@@ -153,15 +166,16 @@ TEST_F(LoadTest, ADamagedFileLoadsWithDefaultsAndLosesNoKey) {
 
 TEST_F(LoadTest, WithoutPersonalDataTheDockableWindowsAreOffered) {
   WriteDefaultSettingsFiles(platform.Files(), kProgram, L"");
+  CloseSettingsDialog();
   uiHost.AnswerMsgBox(ui::vbYes);  // Code Explorer
   uiHost.AnswerMsgBox(ui::vbNo);   // Shortcuts and Search
   uiHost.AnswerMsgBox(ui::vbOK);
   Load();
   EXPECT_EQ(Boxes(), (std::vector<std::wstring>{
-                         L"MsgBox(Quillet Code Explorer is a replacement of the VB Project Explorer",
+                         kPersonalData, L"MsgBox(Quillet Code Explorer is a replacement of the VB Project Explorer",
                          L"MsgBox(Quillet Shortcuts and Search is a dockable window to give fast access",
                          L"MsgBox(Don't forget to dock it, 0, Quillet) = OK"}));
-  EXPECT_THAT(vba::ToUtf8(uiHost.Log()[0]),
+  EXPECT_THAT(vba::ToUtf8(uiHost.Log()[3]),
               HasSubstr("code pane.\r\n\r\nAvailability of the Code Explorer can be set on the Settings dialog "
                         "(Other)\r\nThe Code Explorer can also be activated from menu: Quillet > Tools\r\n\r\n"
                         "Do you want the Code Explorer dockable window opened?, 36, Quillet) = Yes"));
@@ -171,10 +185,11 @@ TEST_F(LoadTest, WithoutPersonalDataTheDockableWindowsAreOffered) {
 
   // Next time only the window still off is offered; a No needs no reminder.
   uiHost.ClearLog();
+  CloseSettingsDialog();
   uiHost.AnswerMsgBox(ui::vbNo);
   Load();
-  ASSERT_EQ(Boxes().size(), 1u);
-  EXPECT_THAT(vba::ToUtf8(Boxes()[0]), HasSubstr("Shortcuts and Search"));
+  ASSERT_EQ(Boxes().size(), 2u);
+  EXPECT_THAT(vba::ToUtf8(Boxes()[1]), HasSubstr("Shortcuts and Search"));
 
   // With a name filled in, nothing is asked; without firstLoad neither.
   uiHost.ClearLog();

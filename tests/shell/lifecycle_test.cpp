@@ -2,6 +2,7 @@
 
 #include "hostmodel/memory_commandbars.h"
 #include "session_fixture.h"
+#include "settings/items.h"
 #include "shell/connect.h"
 #include "shell/timer_form.h"
 
@@ -14,6 +15,8 @@ struct Lifecycle : ::testing::Test, test::SessionFixture {
   // The command bar stands in as the heartbeat's visible effect.
   std::shared_ptr<host::CommandBar> bar;
   Lifecycle() {
+    // The user has been here before: a settings file keeps the first-run dialog away.
+    settings::WriteDefaultSettingsFiles(platform.Files(), L"C:\\Program Files\\Quillet\\", L"Developer");
     Module(L"Module1", {L"Sub A()", L"End Sub"});
     bar = vbe.CommandBars().Add(L"Quillet", host::kBarTop, false, true);
   }
