@@ -115,9 +115,12 @@ TEST_P(ScenarioFile, PlaysAsExpected) {
   const json& out = r.json;
   SCOPED_TRACE(out.dump(1));
   EXPECT_EQ(r.exitStatus, expect.value("exit", 0));
-  if (expect.value("exit", 0) == 0) EXPECT_EQ(out["ok"], true) << out["error"];
-  if (expect.contains("errorContains"))
+  if (expect.value("exit", 0) == 0) {
+    EXPECT_EQ(out["ok"], true) << out["error"];
+  }
+  if (expect.contains("errorContains")) {
     EXPECT_NE(out["error"].get<std::string>().find(expect["errorContains"].get<std::string>()), std::string::npos);
+  }
   if (expect.contains("code")) {
     for (const auto& [ref, lines] : expect["code"].items()) {
       const json* c = FindComponent(out, ref);
@@ -125,13 +128,18 @@ TEST_P(ScenarioFile, PlaysAsExpected) {
       EXPECT_EQ((*c)["code"], lines) << ref;
     }
   }
-  if (expect.contains("selection")) EXPECT_EQ(out["active"]["selection"], expect["selection"]);
-  if (expect.contains("active")) EXPECT_TRUE(Covers(expect["active"], out["active"]));
-  for (const char* exact : {"clipboard", "immediate"})
-    if (expect.contains(exact)) EXPECT_EQ(out[exact], expect[exact]) << exact;
-  if (expect.contains("immediateContains"))
-    for (const auto& piece : expect["immediateContains"])
+  if (expect.contains("selection")) { EXPECT_EQ(out["active"]["selection"], expect["selection"]); }
+  if (expect.contains("active")) { EXPECT_TRUE(Covers(expect["active"], out["active"])); }
+  for (const char* exact : {"clipboard", "immediate"}) {
+    if (expect.contains(exact)) {
+      EXPECT_EQ(out[exact], expect[exact]) << exact;
+    }
+  }
+  if (expect.contains("immediateContains")) {
+    for (const auto& piece : expect["immediateContains"]) {
       EXPECT_NE(out["immediate"].get<std::string>().find(piece.get<std::string>()), std::string::npos) << piece;
+    }
+  }
   if (expect.contains("transcript")) {
     std::size_t at = 0;
     const json& t = out["transcript"];
@@ -141,9 +149,13 @@ TEST_P(ScenarioFile, PlaysAsExpected) {
       if (at < t.size()) ++at;
     }
   }
-  if (expect.contains("noTranscript"))
-    for (const auto& kind : expect["noTranscript"])
-      for (const auto& entry : out["transcript"]) EXPECT_FALSE(entry.contains(kind.get<std::string>())) << entry.dump();
+  if (expect.contains("noTranscript")) {
+    for (const auto& kind : expect["noTranscript"]) {
+      for (const auto& entry : out["transcript"]) {
+        EXPECT_FALSE(entry.contains(kind.get<std::string>())) << entry.dump();
+      }
+    }
+  }
   if (expect.contains("bars")) CheckBars(expect["bars"], out["transcript"]);
   for (const char* files : {"home", "written"}) {
     if (!expect.contains(files)) continue;

@@ -34,7 +34,10 @@ TEST_F(Lifecycle, HeartbeatFollowsProjectsLocksAndFileNames) {
 
   // Locked: disabled, and nothing initialised for it.
   auto locked = vbe.AddProject(L"Locked", L"C:\\Work\\Locked.xlsm");
-  locked->SetReferences({{L"VBA"}, {L"Word"}});
+  io::ReferenceInfo vbaRef, wordRef;
+  vbaRef.name = L"VBA";
+  wordRef.name = L"Word";
+  locked->SetReferences({vbaRef, wordRef});
   locked->SetProtection(1);
   vbe.SetActiveVBProject(locked);
   clock.Advance(500);
