@@ -1,6 +1,10 @@
 #include "shell/global.h"
 
+#include "analysis/project_models.h"
+#include "analysis/scan_proc.h"
+#include "generators/scope.h"
 #include "settings/settings.h"
+#include "shell/command_bar.h"
 #include "shell/errors.h"
 #include "shell/position.h"
 #include "ui/ui_host.h"
@@ -16,11 +20,17 @@ void AddInInitialize(Session& s) {
 
 void ProjectInitialize(Session& s, bool reduced) {
   OutlookFocusRestore(s);
-  // The project, library and type-library scans fill the session's models here as they
-  // arrive; every model is replaced, never merged.
+  if (s.testingMode) AccessToolBarCreate(s);
+  // Every model is replaced, never merged. The project, library and type-library scans
+  // fill the new models here as they arrive.
+  s.models = std::make_shared<analysis::ProjectModels>();
 }
 
-void ReleaseModels(Session& s) {}
+void ReleaseModels(Session& s) {
+  s.models.reset();
+  s.currentScan.reset();
+  s.scope.reset();
+}
 
 void ProjectRefresh(Session& s, const vba::Variant& argument) {
   // The refresh of the scan models compares references and module lengths once the

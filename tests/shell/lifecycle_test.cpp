@@ -31,6 +31,10 @@ TEST_F(Lifecycle, HeartbeatFollowsProjectsLocksAndFileNames) {
   EXPECT_EQ(session.currentProjectFile, L"C:\\Work\\Book1.xlsm");
   EXPECT_EQ(session.hostName, L"Excel");
   EXPECT_TRUE(bar->Enabled());
+  auto models = session.models;
+  ASSERT_NE(models, nullptr);  // the project change made new models
+  clock.Advance(500);
+  EXPECT_EQ(session.models, models);  // the same project: nothing rescanned
 
   // Locked: disabled, and nothing initialised for it.
   auto locked = vbe.AddProject(L"Locked", L"C:\\Work\\Locked.xlsm");
@@ -64,6 +68,7 @@ TEST_F(Lifecycle, HeartbeatFollowsProjectsLocksAndFileNames) {
 
   connect.OnDisconnection(1);
   EXPECT_EQ(session.vbe, nullptr);
+  EXPECT_EQ(session.models, nullptr);
   EXPECT_EQ(session.timerForm, nullptr);
   clock.Advance(2000);  // no timer runs any more
   EXPECT_EQ(session.currentProjectFile, L"");
