@@ -80,7 +80,18 @@ void ScenarioRunner::RunNextStep() {
                         " waits for the user"};
   }
   const json& step = steps_[next_++];
-  Execute(step);
+  // A step may run inside a modal form, below the engine's error traps: what is wrong with
+  // the step itself becomes a scenario error here, before a trap could take it for a
+  // failure of the engine.
+  try {
+    Execute(step);
+  } catch (const ui::InputRefused& e) {
+    throw ScenarioError{StepLabel(next_ - 1) + ": " + e.what()};
+  } catch (const json::exception& e) {
+    throw ScenarioError{StepLabel(next_ - 1) + ": " + e.what()};
+  } catch (const vba::Error& e) {
+    throw ScenarioError{StepLabel(next_ - 1) + ": " + e.what()};
+  }
   Settle();
 }
 
