@@ -6,17 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "../hostmodel/editor_fixture.h"
-#include "hostmodel/clock.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
-#include "ui/ui_context.h"
+#include "../support/fixtures.h"
 
 namespace quillet::test {
 
-struct AnalysisFixture : ::testing::Test, EditorFixture {
-  AnalysisFixture() : ui(uiHost, clock), s(platform, ui) { s.vbe = &vbe; }
-
+struct AnalysisFixture : ::testing::Test, SessionFixture {
   // A standard module made active, with the caret at the start of `caretLine`.
   std::shared_ptr<host::MemoryCodeModule> Code(std::vector<std::wstring> lines, long caretLine = 1,
                                                const std::wstring& name = L"Module1", int type = host::kStdModule) {
@@ -27,10 +21,7 @@ struct AnalysisFixture : ::testing::Test, EditorFixture {
   // What the error reporter was given, delivered or still pending.
   std::wstring Reported() const { return vbe.ImmediateText() + s.pendingMessage; }
 
-  ui::TestUiHost uiHost;
-  host::Clock clock;
-  ui::UiContext ui;
-  shell::Session s;
+  shell::Session& s = session;
 };
 
 }  // namespace quillet::test

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../shell/session_fixture.h"
+#include "../support/fixtures.h"
 #include "analysis/records.h"
 #include "generators/scope.h"
 #include "generators/selection.h"

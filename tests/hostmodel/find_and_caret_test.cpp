@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editor_fixture.h"
+#include "../support/fixtures.h"
 #include "vba/error.h"
 
 using namespace quillet;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "hostmodel/memory_commandbars.h"
-#include "session_fixture.h"
+#include "../support/fixtures.h"
 #include "settings/items.h"
 #include "shell/connect.h"
 #include "shell/timer_form.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "session_fixture.h"
+#include "../support/fixtures.h"
 #include "shell/position.h"
 
 using namespace quillet;

@@ -1,0 +1,82 @@
+#pragma once
+// The fixtures the tests share: an in-memory editor whose files live in a temporary folder,
+// and a session on it with a scripted UI host.
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hostmodel/clock.h"
+#include "hostmodel/memory_platform.h"
+#include "hostmodel/memory_vbe.h"
+#include "io/filesystem.h"
+#include "io/project_folder.h"
+#include "shell/session.h"
+#include "ui/test_ui_host.h"
+#include "ui/ui_context.h"
+
+namespace quillet::test {
+
+// A temporary folder that holds the drives of one test, removed afterwards.
+struct TempFolder {
+  TempFolder() {
+    static int n = 0;
+    root = std::filesystem::temp_directory_path() /
+           ("quillet-test-" + std::to_string(::getpid()) + "-" + std::to_string(++n));
+    std::filesystem::remove_all(root);
+    std::filesystem::create_directories(root / "c" / "Program Files" / "Quillet");
+    std::filesystem::create_directories(root / "c" / "Work");
+  }
+  ~TempFolder() {
+    std::error_code ec;
+    std::filesystem::remove_all(root, ec);
+  }
+  std::filesystem::path root;
+};
+
+// One project "VBAProject" (C:\Work\Book1.xlsm, the default references) in the editor.
+struct EditorFixture {
+  EditorFixture() : platform(std::make_unique<io::MappedFileSystem>(temp.root)), vbe(platform) {
+    project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Book1.xlsm");
+    project->SetReferences(io::DefaultReferences());
+  }
+
+  // A standard module (or another type), opened as the active code pane.
+  std::shared_ptr<host::MemoryComponent> Module(const std::wstring& name, std::vector<std::wstring> lines,
+                                                int type = host::kStdModule) {
+    auto c = project->AddComponent(name, type, std::move(lines));
+    vbe.ActivateComponent(c);
+    return c;
+  }
+  host::MemoryCodePane& Pane() { return static_cast<host::MemoryCodePane&>(*vbe.ActiveCodePane()); }
+  void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
+  void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection(l1, c1, l2, c2); }
+  std::vector<long> Selection() {
+    long a, b, c, d;
+    Pane().GetSelection(a, b, c, d);
+    return {a, b, c, d};
+  }
+  std::wstring Text(const std::shared_ptr<host::MemoryComponent>& c) {
+    long n = c->Module()->CountOfLines();
+    return n ? c->Module()->Lines(1, n) : L"";
+  }
+
+  TempFolder temp;
+  host::MemoryPlatform platform;
+  host::MemoryVBE vbe;
+  std::shared_ptr<host::MemoryProject> project;
+};
+
+// A session connected to nothing yet, whose editor is the fixture's.
+struct SessionFixture : EditorFixture {
+  SessionFixture() : ui(uiHost, clock), session(platform, ui) { session.vbe = &vbe; }
+
+  host::Clock clock;
+  ui::TestUiHost uiHost;
+  ui::UiContext ui;
+  shell::Session session;
+};
+
+}  // namespace quillet::test
