@@ -7,16 +7,6 @@
 #include "shell/errors.h"
 
 namespace quillet::generators {
-namespace {
-
-bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> commands) {
-  for (const wchar_t* c : commands)
-    if (command == c) return true;
-  return false;
-}
-
-}  // namespace
-
 void QuilletHandle(shell::Session& s, const std::wstring& command, std::wstring& argument) {
   shell::Trap(s, L"basQuillet.QuilletHandle", [&] {
     // Outside a code window, or without a project, a command does nothing and says nothing.

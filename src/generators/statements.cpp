@@ -33,13 +33,13 @@ void StopRun(shell::Session& s) {
   shell::DoEvents(s);
 }
 
+}  // namespace
+
 bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> commands) {
   for (const wchar_t* c : commands)
     if (command == c) return true;
   return false;
 }
-
-}  // namespace
 
 bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore) {
   host::Ptr<host::CodePane> pane = ActivePane(s);

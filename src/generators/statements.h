@@ -1,12 +1,16 @@
 #pragma once
 // The inserters that write statements at the caret: one-line statements, With blocks, If
 // blocks and loops. Each leaves the caret where the user types next.
+#include <initializer_list>
 #include <optional>
 #include <string>
 
 #include "shell/session.h"
 
 namespace quillet::generators {
+
+// Whether a command is one of the given ones; commands compare exactly, case counting.
+bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> commands);
 
 // Writes `text` at the caret: on a blank caret line in place of it, inside the line where
 // the command allows it, else on a new line below indented by one tab width.

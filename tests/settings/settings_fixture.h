@@ -1,8 +1,6 @@
 #pragma once
 // A session on the in-memory editor whose program folder lies in a temporary folder of
 // real files, for the settings tests.
-#include <unistd.h>
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
