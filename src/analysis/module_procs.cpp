@@ -1,6 +1,7 @@
 #include "analysis/module_procs.h"
 
 #include "analysis/keyed.h"
+#include "analysis/module_scan.h"
 #include "shell/errors.h"
 #include "shell/position.h"
 
@@ -15,27 +16,8 @@ ProcDefCollection ModuleProperProcsGet(shell::Session& s, const host::Ptr<host::
       if (!pane) return;
       c = pane->CodeModule()->Parent();
     }
-    host::Ptr<host::CodeModule> module = c->CodeModule();
-    long count = module->CountOfLines();
-    if (count == 0) return;
-
-    std::wstring projectName;
-    if (host::Ptr<host::VBComponents> siblings = c->Collection())
-      if (host::Ptr<host::VBProject> project = siblings->Parent()) projectName = project->Name();
-    Rv_ProcDefs procs;
-    procs.init(projectName, *module);
-    // Every line of a procedure names the same procedure: one line of each is enough.
-    for (long line = module->CountOfDeclarationLines() + 1; line <= count;) {
-      host::ProcKind kind = host::kProcKind;
-      std::wstring name = module->ProcOfLine(line, kind);
-      if (name.empty()) {
-        ++line;
-        continue;
-      }
-      procs.Add(s, *module, line, false);
-      long next = module->ProcStartLine(name, kind) + module->ProcCountLines(name, kind);
-      line = next > line ? next : line + 1;
-    }
+    if (c->CodeModule()->CountOfLines() == 0) return;
+    Rv_ProcDefs procs = ModuleProcsRead(s, c, false);
 
     const bool standard = c->Type() == host::kStdModule;
     for (const std::shared_ptr<Rv_ProcDef>& p : procs.Items()) {

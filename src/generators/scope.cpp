@@ -1,6 +1,8 @@
 #include "generators/scope.h"
 
 #include "analysis/module_procs.h"
+#include "analysis/module_scan.h"
+#include "analysis/refresh.h"
 #include "shell/errors.h"
 #include "shell/position.h"
 
@@ -32,6 +34,18 @@ void initialize(shell::Session& s, const std::wstring& command, const std::wstri
   s.scope = scope;
   if (host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr)
     scope->component_ = pane->CodeModule()->Parent();
+  // The project's models follow the edits since the last command, then the module at the
+  // caret is read for its own declarations.
+  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
+  analysis::ProjectRefresh(s, *s.models, false);
+  if (scope->component_) {
+    analysis::clsScanModule module;
+    module.init(s, scope->component_, nullptr, false);  // the scope reads its procedures when asked
+    scope->ModuleVars = std::move(module.ModuleVars);
+    scope->ModuleConsts = std::move(module.ModuleConsts);
+    scope->ModuleEnums = std::move(module.ModuleEnums);
+    scope->ModuleTypes = std::move(module.ModuleTypes);
+  }
 
   std::wstring name;
   long body = 0;

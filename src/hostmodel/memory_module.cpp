@@ -57,6 +57,16 @@ void MemoryCodeModule::AddFromString(std::wstring_view text) {
   Splice(at, 0, vba::SplitLines(text), false);
 }
 
+long MemoryCodeModule::TextLength() const {
+  if (lengthRevision_ != revision_) {
+    size_t total = lines_.empty() ? 0 : 2 * (lines_.size() - 1);
+    for (const std::wstring& line : lines_) total += line.size();
+    length_ = static_cast<long>(total);
+    lengthRevision_ = revision_;
+  }
+  return length_;
+}
+
 std::wstring MemoryCodeModule::Lines(long start, long count) const {
   if (count < 0) vba::Raise(vba::kErrInvalidCall);
   if (count == 0) return {};

@@ -23,6 +23,7 @@ class MemoryCodeModule : public CodeModule, public std::enable_shared_from_this<
   void AddFromString(std::wstring_view text) override;
   std::wstring Lines(long start, long count) const override;
   long CountOfLines() const override { return static_cast<long>(lines_.size()); }
+  long TextLength() const override;
   long CountOfDeclarationLines() const override;
   void InsertLines(long line, std::wstring_view text) override;
   void DeleteLines(long start, long count = 1) override;
@@ -56,6 +57,9 @@ class MemoryCodeModule : public CodeModule, public std::enable_shared_from_this<
   mutable ProcIndex index_;
   mutable bool indexValid_ = false;
   unsigned long long revision_ = 0;
+  // TextLength as of a revision, so that asking again after no edit costs nothing.
+  mutable long length_ = 0;
+  mutable unsigned long long lengthRevision_ = ~0ull;
   std::shared_ptr<MemoryCodePane> pane_;
 };
 

@@ -88,6 +88,12 @@ class CodeModule {
   // `count` lines from `start` joined by CR LF; a line beyond the end raises error 9.
   virtual std::wstring Lines(long start, long count) const = 0;
   virtual long CountOfLines() const = 0;
+  // The length of Lines(1, CountOfLines), 0 for an empty module: the cheap fingerprint by
+  // which the models notice that a module changed.
+  virtual long TextLength() const {
+    const long n = CountOfLines();
+    return n ? static_cast<long>(Lines(1, n).size()) : 0;
+  }
   // Up to the last line of the declarations section that is neither blank nor a comment.
   virtual long CountOfDeclarationLines() const = 0;
   // Before `line`, which may be CountOfLines + 1; `text` may hold several lines.

@@ -1,6 +1,8 @@
 #include "shell/global.h"
 
+#include "analysis/module_scan.h"
 #include "analysis/project_models.h"
+#include "analysis/refresh.h"
 #include "analysis/scan_proc.h"
 #include "generators/scope.h"
 #include "settings/settings.h"
@@ -21,9 +23,14 @@ void AddInInitialize(Session& s) {
 void ProjectInitialize(Session& s, bool reduced) {
   OutlookFocusRestore(s);
   if (s.testingMode) AccessToolBarCreate(s);
-  // Every model is replaced, never merged. The project, library and type-library scans
-  // fill the new models here as they arrive.
-  s.models = std::make_shared<analysis::ProjectModels>();
+  // Every model is replaced, never merged.
+  auto models = std::make_shared<analysis::ProjectModels>();
+  analysis::clsScanProject(s, *models).init();
+  if (!reduced) {
+    models->LibraryFolder.init(s);
+    analysis::StdModulesGet(s, models->StdModules);
+  }
+  s.models = models;
 }
 
 void ReleaseModels(Session& s) {
@@ -33,8 +40,8 @@ void ReleaseModels(Session& s) {
 }
 
 void ProjectRefresh(Session& s, const vba::Variant& argument) {
-  // The refresh of the scan models compares references and module lengths once the
-  // models exist; until then there is nothing to bring up to date.
+  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
+  analysis::ProjectRefresh(s, *s.models, argument.ToBool());
 }
 
 void MenusEnabledSet(Session& s, bool enabled) {
