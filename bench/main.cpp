@@ -30,7 +30,9 @@ int main(int argc, char** argv) {
   for (const Benchmark& b : Registry()) {
     if (only && b.name.find(only) == std::string::npos) continue;
     double ms = BestMilliseconds(b);
-    std::printf("%-58s %12.3f   %s\n", b.name.c_str(), ms, b.target.c_str());
+    std::string remark = b.remark ? b.remark(ms) : std::string();
+    std::printf("%-58s %12.3f   %s%s%s\n", b.name.c_str(), ms, b.target.c_str(), remark.empty() ? "" : "   ",
+                remark.c_str());
   }
   return 0;
 }

@@ -19,11 +19,10 @@ constexpr int kDocumentModule = 100;
 
 host::Ptr<host::VBProject> ActiveProject(shell::Session& s) { return s.vbe ? s.vbe->ActiveVBProject() : nullptr; }
 
-// Removes, from the last entry to the first, every entry that `gone` picks.
+// Removes every entry that `gone` picks; the rest stays in order.
 template <class T, class F>
 void RemoveWhere(vba::Collection<T>& items, F&& gone) {
-  for (long i = items.Count(); i >= 1; --i)
-    if (gone(items.Item(i))) items.Remove(i);
+  items.RemoveIf(gone);
 }
 
 // The basic types in the order the lists show them, with their variant type numbers.

@@ -69,6 +69,15 @@ class Collection {
     entries_.erase(entries_.begin() + (index - 1));
     Reindex();
   }
+  // Removes every entry whose item `gone` picks, the rest staying in order; one pass
+  // however many go. Returns how many went.
+  template <class F>
+  long RemoveIf(F&& gone) {
+    const size_t before = entries_.size();
+    std::erase_if(entries_, [&](const Entry& e) { return gone(e.item); });
+    if (entries_.size() != before) Reindex();
+    return static_cast<long>(before - entries_.size());
+  }
   void Remove(std::wstring_view key) {
     auto it = index_.find(key);
     if (it == index_.end()) Raise(kErrInvalidCall);

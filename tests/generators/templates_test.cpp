@@ -3,7 +3,9 @@
 #include <fstream>
 
 #include "../support/fixtures.h"
+#include "generators/module_create.h"
 #include "generators/templates.h"
+#include "ui/ui_host.h"
 #include "settings/items.h"
 
 using namespace quillet;
@@ -105,6 +107,27 @@ TEST_F(Templates, WrappingKeepsWordsWholeAndIndentingCoversBlankLines) {
   std::wstring text = L"a\r\n\r\nb";
   generators::IndentAddToFragment(session, text, 2);
   EXPECT_EQ(text, L"  a\r\n  \r\n  b");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(Templates, ANewModuleTakesItsHeaderAndTheHostsNameWhenOursIsRefused) {
+  Module(L"basMain", {L"Option Explicit"});
+  session.settings[settings::kModuleHeaderFile] = std::wstring(L"C:\\Program Files\\Quillet\\mod.txt");
+  Write("mod.txt", "' Module {MODULENAME} by {AUTHOR}");
+  EXPECT_EQ(generators::ModuleCreate(session, L"basNew", host::kStdModule), L"basNew");
+  auto created = project->VBComponents()->Item(L"basNew")->CodeModule();
+  EXPECT_EQ(created->Lines(1, created->CountOfLines()), L"' Module basNew by Ada    \r\n");
+  // The pane the user worked in stays the active one.
+  EXPECT_EQ(vbe.ActiveCodePane()->CodeModule()->Name(), L"basMain");
+
+  uiHost.AnswerMsgBox(ui::vbOK);
+  EXPECT_EQ(generators::ModuleCreate(session, L"basMain", host::kClassModule), L"Class1");
+  ASSERT_FALSE(uiHost.Log().empty());
+  EXPECT_NE(uiHost.Log().back().find(L"It is impossible to give the name 'basMain'.\r\nThe new module has a name 'Class1'."),
+            std::wstring::npos);
 }
 
 }  // namespace

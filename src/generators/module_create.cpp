@@ -1,0 +1,32 @@
+#include "generators/module_create.h"
+
+#include "generators/templates.h"
+#include "shell/errors.h"
+#include "shell/product.h"
+#include "ui/ui_host.h"
+
+namespace quillet::generators {
+
+std::wstring ModuleCreate(shell::Session& s, const std::wstring& name, int kind) {
+  std::wstring result;
+  shell::Trap(s, L"basGlobal.ModuleCreate", [&] {
+    host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+    if (!project) return;
+    const host::Ptr<host::CodePane> activePane = s.vbe->ActiveCodePane();
+    host::Ptr<host::VBComponent> component = project->VBComponents()->Add(kind);
+    try {
+      component->SetName(name);
+    } catch (const vba::Error&) {
+      s.uiHost.MsgBox(L"It is impossible to give the name '" + name + L"'.\r\nThe new module has a name '" +
+                          component->Name() + L"'.",
+                      ui::vbOKOnly | ui::vbExclamation, shell::kAppName);
+    }
+    const std::wstring header = HeaderGet(s, kModuleHeader, component->Name(), L"");
+    if (!header.empty()) component->CodeModule()->AddFromString(header);
+    if (activePane && s.vbe->ActiveCodePane() != activePane) s.vbe->SetActiveCodePane(activePane);
+    result = component->Name();
+  });
+  return result;
+}
+
+}  // namespace quillet::generators

@@ -1,0 +1,16 @@
+#pragma once
+// A new module for a builder that writes into one the project does not have yet.
+#include <string>
+
+#include "hostmodel/vbe.h"
+#include "shell/session.h"
+
+namespace quillet::generators {
+
+// Adds a module of `kind` (standard or class) to the active project under `name`, with
+// the module header when there is a template, and returns the name it has: the host's own
+// when it refused `name`, which the user is told. The active code pane stays the active
+// one. "" when there is no project or the module could not be made.
+std::wstring ModuleCreate(shell::Session& s, const std::wstring& name, int kind);
+
+}  // namespace quillet::generators
