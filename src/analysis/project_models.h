@@ -6,6 +6,7 @@
 
 #include "analysis/proc_def.h"
 #include "analysis/records.h"
+#include "kernel/session.h"
 
 namespace quillet::analysis {
 
@@ -18,5 +19,9 @@ struct ProjectModels {
   colEnums LibraryEnums;        // enums of the referenced libraries
   ProcDefCollection LibraryProcs;  // keyed by library name, ".", procedure name
 };
+
+// The session's handle on its models: null before the first project change and after
+// disconnection.
+inline std::shared_ptr<ProjectModels>& Models(kernel::Session& s) { return s.Slot<ProjectModels>(); }
 
 }  // namespace quillet::analysis

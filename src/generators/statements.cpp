@@ -1,9 +1,8 @@
 #include "generators/statements.h"
 
-#include "shell/errors.h"
-#include "shell/global.h"
-#include "shell/position.h"
-#include "shell/strings.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
+#include "kernel/strings.h"
 #include "ui/ui_host.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
@@ -13,7 +12,7 @@ namespace {
 
 constexpr const wchar_t* kCrLf = L"\r\n";
 
-host::Ptr<host::CodePane> ActivePane(shell::Session& s) {
+host::Ptr<host::CodePane> ActivePane(kernel::Session& s) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) vba::Raise(vba::kErrObjectNotSet);
   return pane;
@@ -25,12 +24,12 @@ void EnsureLine(host::CodeModule& module, long line) {
 }
 
 // Stops a paused run so that the module can be edited, as the host's Reset does.
-void StopRun(shell::Session& s) {
+void StopRun(kernel::Session& s) {
   try {
     s.vbe->CommandBars().Item(L"Run")->Controls().Item(L"Reset")->Execute();
   } catch (const vba::Error&) {
   }
-  shell::DoEvents(s);
+  kernel::DoEvents(s);
 }
 
 }  // namespace
@@ -41,11 +40,11 @@ bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> 
   return false;
 }
 
-bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore) {
+bool CodeInsert(kernel::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore) {
   host::Ptr<host::CodePane> pane = ActivePane(s);
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   long line = 0, column = 1;
-  std::wstring lineText = shell::CurrentLineGet(s, line, column, true);
+  std::wstring lineText = kernel::CurrentLineGet(s, line, column, true);
   EnsureLine(*module, line);
   StopRun(s);
   if (vba::Trim(lineText).empty()) {
@@ -71,20 +70,20 @@ bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& comman
     return true;
   }
   // Below a line with code the statement gets one tab width, whatever that line's indent.
-  text = shell::TabSpacesGet(s) + text;
+  text = kernel::TabSpacesGet(s) + text;
   module->InsertLines(line + 1, text);
   pane->SetSelection(line + 1, vba::Len(text) + 1, line + 1, vba::Len(text) + 1);
   return true;
 }
 
-bool WithCodeInsert(shell::Session& s, const std::wstring& expression) {
+bool WithCodeInsert(kernel::Session& s, const std::wstring& expression) {
   if (expression.empty()) return false;
   host::Ptr<host::CodePane> pane = ActivePane(s);
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   long line = 0, column = 1;
-  std::wstring lineText = shell::CurrentLineGet(s, line, column, false);
-  std::wstring indent = vba::Space(shell::CurrentIndentGet(s));
-  std::wstring tab = shell::TabSpacesGet(s);
+  std::wstring lineText = kernel::CurrentLineGet(s, line, column, false);
+  std::wstring indent = vba::Space(kernel::CurrentIndentGet(s));
+  std::wstring tab = kernel::TabSpacesGet(s);
   std::wstring block = indent + L"With " + expression + kCrLf + indent + tab + kCrLf + indent + L"End With";
   EnsureLine(*module, line);
   if (!vba::Trim(lineText).empty()) module->InsertLines(line + 1, block);
@@ -95,27 +94,27 @@ bool WithCodeInsert(shell::Session& s, const std::wstring& expression) {
   return true;
 }
 
-void IfCodeInsert(shell::Session& s, const std::wstring& command) {
-  int n = shell::CurrentIndentGet(s);
+void IfCodeInsert(kernel::Session& s, const std::wstring& command) {
+  int n = kernel::CurrentIndentGet(s);
   std::wstring indent = vba::Space(n);
-  std::wstring body = indent + shell::TabSpacesGet(s) + kCrLf;
+  std::wstring body = indent + kernel::TabSpacesGet(s) + kCrLf;
   int elseIfs = 0;
   if (command == L"If Then ElseIf Else" || command == L"If Then Else If") {
     std::optional<std::wstring> answer = s.uiHost.InputBox(L"Number of 'ElseIf'", command, L"");
     if (!answer) return;
     elseIfs = vba::CInt(vba::Val(*answer));
   }
-  std::wstring text = indent + shell::ResString(301) + kCrLf + body;
-  for (int i = 0; i < elseIfs; ++i) text += indent + shell::ResString(303) + kCrLf + body;
-  if (command == L"If Then Else" || command == L"If Then ElseIf Else") text += indent + shell::ResString(302) + kCrLf + body;
-  text += indent + shell::ResString(304);
-  shell::CodeLineInsert(s, text, n + 3);
+  std::wstring text = indent + kernel::ResString(301) + kCrLf + body;
+  for (int i = 0; i < elseIfs; ++i) text += indent + kernel::ResString(303) + kCrLf + body;
+  if (command == L"If Then Else" || command == L"If Then ElseIf Else") text += indent + kernel::ResString(302) + kCrLf + body;
+  text += indent + kernel::ResString(304);
+  kernel::CodeLineInsert(s, text, n + 3);
   // The caret stands before the blank in front of "Then"; the typed blank makes room for
   // the condition.
   s.platform.SendKeys(L" ", false);
 }
 
-void LoopCodeInsert(shell::Session& s, const std::wstring& command) {
+void LoopCodeInsert(kernel::Session& s, const std::wstring& command) {
   struct Loop {
     const wchar_t* command;
     int first, last, column;
@@ -127,11 +126,11 @@ void LoopCodeInsert(shell::Session& s, const std::wstring& command) {
                                {L"While", 315, 316, 6}};
   for (const Loop& l : loops) {
     if (command != l.command) continue;
-    int n = shell::CurrentIndentGet(s);
+    int n = kernel::CurrentIndentGet(s);
     std::wstring indent = vba::Space(n);
-    std::wstring text = indent + shell::ResString(l.first) + kCrLf + indent + shell::TabSpacesGet(s) + kCrLf + indent +
-                        shell::ResString(l.last);
-    shell::CodeLineInsert(s, text, n + l.column);
+    std::wstring text = indent + kernel::ResString(l.first) + kCrLf + indent + kernel::TabSpacesGet(s) + kCrLf + indent +
+                        kernel::ResString(l.last);
+    kernel::CodeLineInsert(s, text, n + l.column);
     s.platform.SendKeys(L" ", false);
     return;
   }

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::generators {
 
@@ -14,12 +14,12 @@ bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> 
 
 // Writes `text` at the caret: on a blank caret line in place of it, inside the line where
 // the command allows it, else on a new line below indented by one tab width.
-bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore);
+bool CodeInsert(kernel::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore);
 // "With expression" with an empty body line; false for an empty expression.
-bool WithCodeInsert(shell::Session& s, const std::wstring& expression);
+bool WithCodeInsert(kernel::Session& s, const std::wstring& expression);
 // "If Then", "If Then Else", "If Then Else If", "If Then ElseIf Else".
-void IfCodeInsert(shell::Session& s, const std::wstring& command);
+void IfCodeInsert(kernel::Session& s, const std::wstring& command);
 // "IfDoLoopWhile", "IfDoLoopUntil", "ForEachNext", "ForNext", "While".
-void LoopCodeInsert(shell::Session& s, const std::wstring& command);
+void LoopCodeInsert(kernel::Session& s, const std::wstring& command);
 
 }  // namespace quillet::generators

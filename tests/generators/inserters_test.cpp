@@ -124,8 +124,8 @@ TEST_F(Inserters, ScopeCollectionsFollowTheCaret) {
   EXPECT_TRUE(scope.ProcConsts.Exists(L"cMax"));
   EXPECT_TRUE(scope.ProcLabels.Exists(L"Again"));
   EXPECT_EQ(scope.ModuleProcs(session).Count(), 2);
-  ASSERT_NE(session.currentScan, nullptr);
-  EXPECT_EQ(session.currentScan->ProcTypeStr, L"Function");
+  ASSERT_NE(analysis::CurrentScan(session), nullptr);
+  EXPECT_EQ(analysis::CurrentScan(session)->ProcTypeStr, L"Function");
   EXPECT_EQ(generators::VarTypeGet(session, L"s"), L"String");
   EXPECT_EQ(generators::VarTypeGet(session, L"unknown"), L"");
   EXPECT_EQ(generators::ProcReturnTypeGet(session, L"Total"), L"");  // only libraries answer
@@ -133,8 +133,8 @@ TEST_F(Inserters, ScopeCollectionsFollowTheCaret) {
   Caret(8, 1);  // on End Sub of an empty procedure: still inside
   generators::initialize(session, L"If Then", L"");
   EXPECT_EQ(generators::ScopeOf(session).ProcVars.Count(), 0);
-  ASSERT_NE(session.currentScan, nullptr);
-  EXPECT_EQ(session.currentScan->ProcName, L"Other");
+  ASSERT_NE(analysis::CurrentScan(session), nullptr);
+  EXPECT_EQ(analysis::CurrentScan(session)->ProcName, L"Other");
 }
 
 }  // namespace

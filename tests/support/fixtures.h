@@ -13,8 +13,8 @@
 #include "hostmodel/memory_vbe.h"
 #include "io/filesystem.h"
 #include "io/project_folder.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
+#include "kernel/session.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 
 namespace quillet::test {
@@ -76,7 +76,7 @@ struct SessionFixture : EditorFixture {
   host::Clock clock;
   ui::TestUiHost uiHost;
   ui::UiContext ui;
-  shell::Session session;
+  kernel::Session session;
 };
 
 }  // namespace quillet::test

@@ -3,9 +3,9 @@
 // statements and the texts of the name checks, by id.
 #include <string>
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 // The string of an id; empty for an id the table does not hold.
 const std::wstring& ResString(int id);
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -3,9 +3,9 @@
 // the small editing steps every builder shares.
 #include <string>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 // Which procedure the caret (the selection's end line) is in. Strict refuses the comment
 // lines above a header and the blank lines behind its End, which the editor counts to the
@@ -41,4 +41,4 @@ bool HostWindowActive(Session& s);
 // The program's folder, without a final "\".
 std::wstring AppPathGet(const Session& s);
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -1,11 +1,11 @@
-#include "shell/position.h"
+#include "kernel/position.h"
 
 #include "vba/error.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 namespace {
 
 constexpr const wchar_t* kEditorKey = L"Software\\Microsoft\\VBA\\6.0\\Common";
@@ -231,4 +231,4 @@ std::wstring AppPathGet(const Session& s) {
   return folder;
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel
