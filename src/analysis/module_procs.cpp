@@ -54,8 +54,7 @@ bool CursorProcGet(kernel::Session& s, bool fullTest, std::wstring& procName, lo
 std::shared_ptr<Rv_ProcArguments> qltCurProcArgsGet(kernel::Session& s, std::wstring& procName, host::ProcKind& kind) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return nullptr;
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   if (sl < 1 || sl > module->CountOfLines()) return nullptr;
   procName = module->ProcOfLine(sl, kind);

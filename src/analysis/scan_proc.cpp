@@ -40,12 +40,11 @@ void clsScanProc::init(kernel::Session& s, bool fArgToVar) {
   TrapPassingDuplicates(s, L"clsScanProc.Init", [&] {
     if (!s.vbe || s.vbe->VBProjects()->Count() == 0) return;
     host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject();
-    if (!project || project->Protection() == 1) return;
+    if (!project || project->Protection() == host::kLocked) return;
     host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
     if (!pane) return;
 
-    long sl, sc, el, ec;
-    pane->GetSelection(sl, sc, el, ec);
+    auto [sl, sc, el, ec] = pane->GetSelection();
     host::Ptr<host::CodeModule> module = pane->CodeModule();
     if (sl < 1 || sl > module->CountOfLines()) return;  // an empty module holds no procedure
     ProcName = module->ProcOfLine(sl, ProcType);

@@ -9,8 +9,7 @@ namespace quillet::generators {
 
 void InstanceAdd(kernel::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
                  bool sendKeys) {
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   if (!allowEmptySelection && sc == ec) return;
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   // Host errors are passed over: a line that cannot be written is left as it is.

@@ -38,8 +38,7 @@ bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine,
   if (!s.vbe || s.vbe->CodePanesCount() == 0) return false;
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
   if (!pane) return false;
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   host::ProcKind k = host::kProcKind;
   // A caret below the last line (an empty module) is in no procedure.
@@ -65,8 +64,7 @@ std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart)
   if (!s.vbe) return {};
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
   if (!pane) return {};
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   if (useStart) {
     line = sl;
@@ -133,12 +131,12 @@ void SetCursor(Session& s, long& line, bool keepSelection, const host::Ptr<host:
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   long column = 1;
   for (;;) {
-    long foundLine = line, foundColumn = column, endLine = -1, endColumn = -1;
-    if (!module->Find(kCursorMark, foundLine, foundColumn, endLine, endColumn, false, false, false)) return;
-    line = foundLine;
-    column = foundColumn;
+    host::Selection found(line, column, -1, -1);
+    if (!module->Find(kCursorMark, found)) return;
+    line = found.startLine;
+    column = found.startColumn;
     module->ReplaceLine(line, vba::Replace(module->Lines(line, 1), kCursorMark, L"", 1, -1, vba::Compare::Text));
-    if (!keepSelection) pane->SetSelection(line, column, line, column);
+    if (!keepSelection) pane->SetSelection(host::Selection(line, column));
   }
 }
 
@@ -146,8 +144,7 @@ void CodeReplace(Session& s, std::wstring& text) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return;
   host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   std::wstring startText = LineText(module, sl);
   text = vba::Left(startText, sc - 1) + text;
   std::wstring tail;
@@ -165,7 +162,7 @@ void CodeReplace(Session& s, std::wstring& text) {
   } else {
     module->ReplaceLine(sl, text);
   }
-  pane->SetSelection(sl, base + 1, sl, base + 1);
+  pane->SetSelection(host::Selection(sl, base + 1));
 }
 
 void CodeLineInsert(Session& s, const std::wstring& text, long column) {
@@ -183,7 +180,7 @@ void CodeLineInsert(Session& s, const std::wstring& text, long column) {
     --line;
   }
   module->InsertLines(line + 1, text);
-  if (column > 0) pane->SetSelection(line + 1, column, line + 1, column);
+  if (column > 0) pane->SetSelection(host::Selection(line + 1, column));
 }
 
 void OutlookFocusRestore(Session& s) {

@@ -48,7 +48,7 @@ void Heartbeat(kernel::Session& s) {
   host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject();
   if (!project) vba::Raise(vba::kErrObjectNotSet);
   if (s.hostName.empty()) s.hostName = project->References()->Item(2)->Name();
-  if (project->Protection() == 1) {
+  if (project->Protection() == host::kLocked) {
     MenusEnabledSet(s, false);
     return;
   }

@@ -54,9 +54,8 @@ struct EditorFixture {
   void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
   void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection(l1, c1, l2, c2); }
   std::vector<long> Selection() {
-    long a, b, c, d;
-    Pane().GetSelection(a, b, c, d);
-    return {a, b, c, d};
+    host::Selection s = Pane().GetSelection();
+    return {s.startLine, s.startColumn, s.endLine, s.endColumn};
   }
   std::wstring Text(const std::shared_ptr<host::MemoryComponent>& c) {
     long n = c->Module()->CountOfLines();
