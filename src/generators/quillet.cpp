@@ -18,7 +18,7 @@ void QuilletHandle(kernel::Session& s, const std::wstring& command, std::wstring
 
     // Comparison is exact: "If Then Else If" and "If Then ElseIf Else" are two commands.
     if (IsOneOf(command, {L"On Error Resume Next", L"On Error GoTo 0"})) {
-      CodeInsert(s, command, L"", false, true);
+      CodeInsert(s, command, L"", {.spaceBefore = true});
     } else if (IsOneOf(command, {L"If Then", L"If Then Else", L"If Then Else If", L"If Then ElseIf Else"})) {
       IfCodeInsert(s, command);
     } else if (IsOneOf(command, {L"IfDoLoopWhile", L"IfDoLoopUntil", L"ForEachNext", L"ForNext", L"While"})) {
@@ -27,7 +27,7 @@ void QuilletHandle(kernel::Session& s, const std::wstring& command, std::wstring
       // Outside a procedure there is nothing to leave.
       const std::shared_ptr<analysis::clsScanProc>& scan = analysis::CurrentScan(s);
       if (scan && !scan->ProcTypeStr.empty())
-        CodeInsert(s, L"Exit " + scan->ProcTypeStr, L"Exit", true, true);
+        CodeInsert(s, L"Exit " + scan->ProcTypeStr, L"Exit", {.allowInline = true, .spaceBefore = true});
     } else if (command == L"Filename") {
       FilenameAdd(s);
     } else if (command == L"Folder") {

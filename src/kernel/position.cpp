@@ -17,12 +17,6 @@ std::wstring LineText(const host::Ptr<host::CodeModule>& module, long line) {
   return module->Lines(line, 1);
 }
 
-host::Ptr<host::CodeModule> ActiveModule(Session& s) {
-  if (!s.vbe) return nullptr;
-  host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
-  return pane ? pane->CodeModule() : nullptr;
-}
-
 bool EndsInContinuation(const std::wstring& line) { return vba::Right(vba::Trim(line), 1) == L"_"; }
 
 // Position of the first character that is no blank, 1 for a blank line.
@@ -76,23 +70,38 @@ std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart)
   return LineText(module, sl);
 }
 
-int LineIndentGet(Session& s, long line) {
-  host::Ptr<host::CodeModule> module = ActiveModule(s);
-  long p = FirstNonBlank(LineText(module, line));
+int LineIndent(const CodeView& view, long line) {
+  long p = FirstNonBlank(view.line(line));
   if (p == 1) {
-    std::wstring above = LineText(module, line - 1);
+    std::wstring above = view.line(line - 1);
     if (!vba::Trim(above).empty()) p = FirstNonBlank(above);
   }
   return static_cast<int>(p - 1);
 }
 
-int CurrentIndentGet(Session& s) {
-  long line = 0, column = 1;
-  std::wstring text = CurrentLineGet(s, line, column, false);
-  int indent = LineIndentGet(s, line);
-  if (!(vba::Trim(text).empty() && column - 1 <= indent)) indent = static_cast<int>(column - 1);
-  if (indent == 0) indent = static_cast<int>(TabSpacesGet(s).size());
+int LineIndentGet(Session& s, long line) {
+  std::optional<CodeView> view = ActiveView(s);
+  return view ? LineIndent(*view, line) : 0;
+}
+
+int CurrentIndent(const CodeView& view) {
+  host::Selection at = view.Place();
+  std::wstring text = view.line(at.startLine);
+  int indent = LineIndent(view, at.endLine);
+  if (!(vba::Trim(text).empty() && at.endColumn - 1 <= indent)) indent = static_cast<int>(at.endColumn - 1);
+  if (indent == 0) indent = static_cast<int>(view.tab.size());
   return indent;
+}
+
+int CurrentIndentGet(Session& s) {
+  std::optional<CodeView> view = ActiveView(s);
+  return view ? CurrentIndent(*view) : static_cast<int>(TabSpacesGet(s).size());
+}
+
+std::optional<CodeView> ActiveView(Session& s) {
+  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
+  if (!pane) return std::nullopt;
+  return ViewOf(*pane, TabSpacesGet(s));
 }
 
 std::wstring TabSpacesGet(const Session& s) {
@@ -165,22 +174,16 @@ void CodeReplace(Session& s, std::wstring& text) {
   pane->SetSelection(host::Selection(sl, base + 1));
 }
 
+CodeEdit LineInsertEdit(const CodeView& view, const std::wstring& text, long column) {
+  CodeEdit edit = BlockAtLine(view, view.Place().endLine, text);
+  edit.caret = column > 0 ? host::Selection(edit.line, column) : std::optional<host::Selection>();
+  return edit;
+}
+
 void CodeLineInsert(Session& s, const std::wstring& text, long column) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) return;
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long line = 0, col = 1;
-  std::wstring current = CurrentLineGet(s, line, col, false);
-  if (vba::Trim(current).empty()) {
-    // A blank caret line gives way to the text; a line that does not exist is no obstacle.
-    try {
-      module->DeleteLines(line, 1);
-    } catch (const vba::Error&) {
-    }
-    --line;
-  }
-  module->InsertLines(line + 1, text);
-  if (column > 0) pane->SetSelection(host::Selection(line + 1, column));
+  std::optional<CodeView> view = ActiveView(s);
+  if (!view) return;
+  ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), LineInsertEdit(*view, text, column));
 }
 
 void OutlookFocusRestore(Session& s) {

@@ -13,6 +13,7 @@
 #include "hostmodel/memory_vbe.h"
 #include "io/filesystem.h"
 #include "io/project_folder.h"
+#include "support/code_markers.h"
 #include "kernel/session.h"
 #include "support/test_ui_host.h"
 #include "ui/ui_context.h"
@@ -49,6 +50,22 @@ struct EditorFixture {
     auto c = project->AddComponent(name, type, std::move(lines));
     vbe.ActivateComponent(c);
     return c;
+  }
+  // A module written with its caret or selection as markers ("    x = 1: |", "[[x]]"),
+  // opened as the active code pane with that selection.
+  std::shared_ptr<host::MemoryComponent> Code(const std::wstring& name, const std::vector<std::wstring>& marked,
+                                              int type = host::kStdModule) {
+    MarkedCode code = Unmark(marked);
+    auto c = Module(name, code.lines, type);
+    Pane().SetSelection(code.selection);
+    return c;
+  }
+  // The active module with the selection written into it as markers.
+  std::vector<std::wstring> Marked() {
+    auto module = Pane().CodeModule();
+    std::vector<std::wstring> lines;
+    for (long i = 1; i <= module->CountOfLines(); ++i) lines.push_back(module->Lines(i, 1));
+    return Mark(lines, Pane().GetSelection());
   }
   host::MemoryCodePane& Pane() { return static_cast<host::MemoryCodePane&>(*vbe.ActiveCodePane()); }
   void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
