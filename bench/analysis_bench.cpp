@@ -9,8 +9,8 @@
 #include "hostmodel/clock.h"
 #include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
+#include "kernel/session.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 
 namespace quillet::bench {
@@ -50,7 +50,7 @@ struct Editor {
   ui::TestUiHost uiHost;
   host::Clock clock;
   ui::UiContext ui{uiHost, clock};
-  shell::Session session{platform, ui};
+  kernel::Session session{platform, ui};
   Editor() {
     auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Book1.xlsm");
     auto component = project->AddComponent(L"Module1", host::kStdModule, LongProcedure());

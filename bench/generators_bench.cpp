@@ -7,8 +7,8 @@
 #include "hostmodel/clock.h"
 #include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
+#include "kernel/session.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 
 namespace quillet::bench {
@@ -20,7 +20,7 @@ struct Editor {
   host::Clock clock;
   ui::TestUiHost uiHost;
   ui::UiContext ui{uiHost, clock};
-  shell::Session session{platform, ui};
+  kernel::Session session{platform, ui};
   std::shared_ptr<host::MemoryComponent> module;
   std::vector<std::wstring> lines;
 

@@ -13,8 +13,8 @@
 #include "hostmodel/clock.h"
 #include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
+#include "kernel/session.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 
 namespace quillet::bench {
@@ -51,7 +51,7 @@ struct Project {
   ui::TestUiHost uiHost;
   host::Clock clock;
   ui::UiContext ui{uiHost, clock};
-  shell::Session session{platform, ui};
+  kernel::Session session{platform, ui};
   std::shared_ptr<host::MemoryProject> project;
   size_t sourceBytes = 0;
   Project() {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/collection.h"
 #include "vba/error.h"
 
@@ -32,14 +32,14 @@ void PassOverDuplicates(F&& body) {
 // Runs `body` as a trapping procedure of the scans: error 457 ends it silently, any other
 // error is reported with `where`. True when the body ran to its end.
 template <class F>
-bool TrapPassingDuplicates(shell::Session& s, std::wstring_view where, F&& body) {
+bool TrapPassingDuplicates(kernel::Session& s, std::wstring_view where, F&& body) {
   try {
     body();
     return true;
   } catch (const vba::Error& e) {
-    if (e.Number() != vba::kErrDuplicateKey) shell::HandleError(s, e, 0, where);
+    if (e.Number() != vba::kErrDuplicateKey) kernel::HandleError(s, e, 0, where);
   } catch (const std::exception& e) {
-    shell::HandleError(s, shell::InternalError(e), 0, where);
+    kernel::HandleError(s, kernel::InternalError(e), 0, where);
   }
   return false;
 }

@@ -6,7 +6,7 @@
 #include "analysis/live_code.h"
 #include "settings/file_objects.h"
 #include "settings/folders.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/like.h"
 #include "vba/strings.h"
 
@@ -33,7 +33,7 @@ std::wstring_view EndOfStart(std::wstring_view trimmed) {
 
 }  // namespace
 
-void clsScanLibraryFolder::FileRead(shell::Session& s, std::wstring_view text, std::wstring_view fileName) {
+void clsScanLibraryFolder::FileRead(kernel::Session& s, std::wstring_view text, std::wstring_view fileName) {
   std::wstring name = NameAttribute(text);
   if (name.empty()) name = fileName;
   auto module = std::make_shared<LibraryModule>();
@@ -58,8 +58,8 @@ void clsScanLibraryFolder::FileRead(shell::Session& s, std::wstring_view text, s
   }
 }
 
-void clsScanLibraryFolder::init(shell::Session& s) {
-  shell::Trap(s, L"clsScanLibraryFolder.init", [&] {
+void clsScanLibraryFolder::init(kernel::Session& s) {
+  kernel::Trap(s, L"clsScanLibraryFolder.init", [&] {
     const std::wstring path = settings::LibraryFolderGet(s);
     if (path.empty() || !s.platform.Files().FolderExists(path)) return;
     settings::Folder root(s);

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "analysis/proc_def.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::analysis {
@@ -24,9 +24,9 @@ class clsScanLibraryFolder {
   Rv_ProcDefs Procs;
 
   // Reads every "*.bas" file of the library folder and its subfolders.
-  void init(shell::Session& s);
+  void init(kernel::Session& s);
   // Reads one file's text; `fileName` names the module when the text has no name attribute.
-  void FileRead(shell::Session& s, std::wstring_view text, std::wstring_view fileName);
+  void FileRead(kernel::Session& s, std::wstring_view text, std::wstring_view fileName);
 };
 
 }  // namespace quillet::analysis

@@ -1,7 +1,7 @@
 #include "analysis/line_scan.h"
 
 #include "analysis/text_find.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/error.h"
 #include "vba/like.h"
 #include "vba/strings.h"
@@ -37,7 +37,7 @@ bool IsOnErrorLine(std::wstring_view line) {
   return vba::EqualsText(vba::Left(vba::Trim(line), 9), L"On error ");
 }
 
-host::Ptr<host::CodeModule> ActiveModule(shell::Session& s) {
+host::Ptr<host::CodeModule> ActiveModule(kernel::Session& s) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) vba::Raise(vba::kErrObjectNotSet);
   return pane->CodeModule();
@@ -229,9 +229,9 @@ std::wstring ProcedureTypeGet(std::wstring_view procName, std::wstring_view defi
   return L"Sub";
 }
 
-void ProcDeclAreaGet(shell::Session& s, long& declStart, long& declEnd, long firstLine, long& defLineCount,
+void ProcDeclAreaGet(kernel::Session& s, long& declStart, long& declEnd, long firstLine, long& defLineCount,
                      bool countOnError, std::wstring& text) {
-  shell::Trap(s, L"basGlobal.ProcDeclAreaGet", [&] {
+  kernel::Trap(s, L"basGlobal.ProcDeclAreaGet", [&] {
     long L = firstLine;
     if (L < 1) {
       L = 1;
@@ -248,10 +248,10 @@ void ProcDeclAreaGet(shell::Session& s, long& declStart, long& declEnd, long fir
   });
 }
 
-long ProcExitLineGet(shell::Session& s, long firstLine, long lastLine, std::wstring_view typeWord,
+long ProcExitLineGet(kernel::Session& s, long firstLine, long lastLine, std::wstring_view typeWord,
                      std::wstring& text, bool checkIf) {
   long result = 0;
-  shell::Trap(s, L"basGlobal.ProcExitLineGet", [&] {
+  kernel::Trap(s, L"basGlobal.ProcExitLineGet", [&] {
     if (firstLine > 0) text = ActiveModule(s)->Lines(firstLine, lastLine - firstLine + 1);
     std::vector<std::wstring> lines = vba::Split(StringTrimChars(text, kCrLf, kTrimBoth), kCrLf);
     result = ProcExitLineOf(lines, firstLine, typeWord, checkIf);

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::analysis {
 
@@ -58,7 +58,7 @@ std::wstring ProcedureTypeGet(std::wstring_view procName, std::wstring_view defi
 // `text` and the line numbers count from 1 in it. `defLineCount` is the number of physical
 // lines of the definition. An area without lines ends above its start. A failure is
 // reported as "basGlobal.ProcDeclAreaGet"; the out-values then keep what they held.
-void ProcDeclAreaGet(shell::Session& s, long& declStart, long& declEnd, long firstLine, long& defLineCount,
+void ProcDeclAreaGet(kernel::Session& s, long& declStart, long& declEnd, long firstLine, long& defLineCount,
                      bool countOnError, std::wstring& text);
 
 // The line of the procedure's last Exit statement of the kind `typeWord` ("Sub",
@@ -68,7 +68,7 @@ void ProcDeclAreaGet(shell::Session& s, long& declStart, long& declEnd, long fir
 // module are read and handed back in `text`; with 0 `text` is used, a hit is the 0-based
 // index of its line and the default the number of lines. A failure is reported as
 // "basGlobal.ProcExitLineGet" and gives 0.
-long ProcExitLineGet(shell::Session& s, long firstLine, long lastLine, std::wstring_view typeWord,
+long ProcExitLineGet(kernel::Session& s, long firstLine, long lastLine, std::wstring_view typeWord,
                      std::wstring& text, bool checkIf);
 
 // The two walks above on lines already read, for a scan that reads a procedure once.

@@ -2,14 +2,14 @@
 
 #include "analysis/keyed.h"
 #include "analysis/module_scan.h"
-#include "shell/errors.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 
 namespace quillet::analysis {
 
-ProcDefCollection ModuleProperProcsGet(shell::Session& s, const host::Ptr<host::VBComponent>& component, bool all) {
+ProcDefCollection ModuleProperProcsGet(kernel::Session& s, const host::Ptr<host::VBComponent>& component, bool all) {
   ProcDefCollection result;
-  shell::Trap(s, L"basGlobal.ModuleProperProcsGet", [&] {
+  kernel::Trap(s, L"basGlobal.ModuleProperProcsGet", [&] {
     host::Ptr<host::VBComponent> c = component;
     if (!c) {
       host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
@@ -28,16 +28,15 @@ ProcDefCollection ModuleProperProcsGet(shell::Session& s, const host::Ptr<host::
   return result;
 }
 
-bool CursorProcGet(shell::Session& s, bool fullTest, std::wstring& procName, long& bodyLine, bool& onDefinition,
+bool CursorProcGet(kernel::Session& s, bool fullTest, std::wstring& procName, long& bodyLine, bool& onDefinition,
                    host::ProcKind& kind) {
-  return shell::CurrentProcGet(s, fullTest, procName, bodyLine, &onDefinition, &kind);
+  return kernel::CurrentProcGet(s, fullTest, procName, bodyLine, &onDefinition, &kind);
 }
 
-std::shared_ptr<Rv_ProcArguments> qltCurProcArgsGet(shell::Session& s, std::wstring& procName, host::ProcKind& kind) {
+std::shared_ptr<Rv_ProcArguments> qltCurProcArgsGet(kernel::Session& s, std::wstring& procName, host::ProcKind& kind) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return nullptr;
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   if (sl < 1 || sl > module->CountOfLines()) return nullptr;
   procName = module->ProcOfLine(sl, kind);

@@ -3,7 +3,7 @@
 #include "analysis/keyed.h"
 #include "analysis/line_scan.h"
 #include "analysis/module_procs.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -67,7 +67,7 @@ Decl PublicDecl(const std::wstring& statement) {
 }
 
 template <class Record>
-void ListAdd(shell::Session& s, std::wstring_view text, std::wstring_view module, vba::Collection<std::shared_ptr<Record>>& into) {
+void ListAdd(kernel::Session& s, std::wstring_view text, std::wstring_view module, vba::Collection<std::shared_ptr<Record>>& into) {
   std::vector<std::wstring> pieces;
   DeclListSplit(text, pieces);
   for (const std::wstring& piece : pieces) {
@@ -78,7 +78,7 @@ void ListAdd(shell::Session& s, std::wstring_view text, std::wstring_view module
   }
 }
 
-std::wstring ActiveProjectName(shell::Session& s) {
+std::wstring ActiveProjectName(kernel::Session& s) {
   host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
   return project ? project->Name() : std::wstring{};
 }
@@ -98,7 +98,7 @@ std::wstring FirstWord(std::wstring_view text) { return vba::Split(vba::Trim(tex
 
 }  // namespace
 
-void EnumAdd(shell::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
+void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colEnums& enums, Constants* constants, std::wstring_view module, bool isPrivate) {
   TrapPassingDuplicates(s, L"basGlobal.EnumAdd", [&] {
     auto e = std::make_shared<clsEnum>();
@@ -121,7 +121,7 @@ void EnumAdd(shell::Session& s, std::wstring_view text, const std::vector<std::w
   });
 }
 
-void TypeAdd(shell::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
+void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colTypes& types, std::wstring_view module, bool isPrivate) {
   TrapPassingDuplicates(s, L"basGlobal.TypeAdd", [&] {
     auto t = std::make_shared<clsType>();
@@ -139,7 +139,7 @@ void TypeAdd(shell::Session& s, std::wstring_view text, const std::vector<std::w
   });
 }
 
-Rv_ProcDefs ModuleProcsRead(shell::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic) {
+Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic) {
   Rv_ProcDefs procs;
   host::Ptr<host::CodeModule> module = component->CodeModule();
   std::wstring projectName;
@@ -162,9 +162,9 @@ Rv_ProcDefs ModuleProcsRead(shell::Session& s, const host::Ptr<host::VBComponent
   return procs;
 }
 
-void clsScanModule::init(shell::Session& s, host::Ptr<host::VBComponent> component, ProjectModels* models,
+void clsScanModule::init(kernel::Session& s, host::Ptr<host::VBComponent> component, ProjectModels* models,
                          bool withProcedures) {
-  shell::Trap(s, L"clsScanModule.init", [&] {
+  kernel::Trap(s, L"clsScanModule.init", [&] {
     if (!component && s.vbe) component = s.vbe->SelectedVBComponent();
     if (!component && s.vbe)
       if (host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane()) component = pane->CodeModule()->Parent();
@@ -189,14 +189,14 @@ void clsScanModule::init(shell::Session& s, host::Ptr<host::VBComponent> compone
   });
   if (models) {
     // The public view of the same module follows it.
-    shell::Trap(s, L"clsScanModule.PublicRefresh", [&] {
+    kernel::Trap(s, L"clsScanModule.PublicRefresh", [&] {
       if (component) clsScanProject(s, *models).init(component->Name());
     });
   }
 }
 
 void clsScanProject::init(const std::wstring& moduleName) {
-  shell::Trap(s_, L"clsScanProject.init", [&] {
+  kernel::Trap(s_, L"clsScanProject.init", [&] {
     host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
     if (!project || project->Protection() == kProjectLocked) return;
     host::Ptr<host::VBComponents> components = project->VBComponents();
@@ -215,7 +215,7 @@ void clsScanProject::init(const std::wstring& moduleName) {
 }
 
 void clsScanProject::ModulePublicProcsGet(const host::Ptr<host::VBComponent>& component) {
-  shell::Trap(s_, L"clsScanProject.ModulePublicProcsGet", [&] {
+  kernel::Trap(s_, L"clsScanProject.ModulePublicProcsGet", [&] {
     if (component->Type() != host::kStdModule) {
       if (component->Type() == host::kClassModule)
         AddKeepingFirst(models_.ProjectClasses, component->Name(), component->Name());
@@ -236,7 +236,7 @@ void clsScanProject::ScanModule(const host::Ptr<host::VBComponent>& component) {
   // What a class or form module declares "Public" belongs to its objects, not to the
   // project: only standard modules make declarations project-wide.
   if (component->Type() != host::kStdModule) return;
-  shell::Trap(s_, L"clsScanProject.ScanModule", [&] {
+  kernel::Trap(s_, L"clsScanProject.ScanModule", [&] {
     const std::wstring module = component->Name();
     std::vector<std::wstring> statements;
     ModuleDeclLinesGet(*component->CodeModule(), statements);

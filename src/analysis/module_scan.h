@@ -14,7 +14,7 @@
 #include "analysis/project_models.h"
 #include "analysis/records.h"
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::analysis {
 
@@ -29,14 +29,14 @@ class clsScanModule {
   // Scans `component`, or the selected component, or the active code pane's module.
   // With `models` the project scan of that module runs again afterwards. A reader that
   // needs only the declarations passes over the procedures.
-  void init(shell::Session& s, host::Ptr<host::VBComponent> component = nullptr, ProjectModels* models = nullptr,
+  void init(kernel::Session& s, host::Ptr<host::VBComponent> component = nullptr, ProjectModels* models = nullptr,
             bool withProcedures = true);
 };
 
 // Fills a project's public models, one module at a time.
 class clsScanProject {
  public:
-  clsScanProject(shell::Session& s, ProjectModels& models) : s_(s), models_(models) {}
+  clsScanProject(kernel::Session& s, ProjectModels& models) : s_(s), models_(models) {}
 
   // Scans the component named `moduleName`, or every component of the active project when
   // it is empty. Nothing happens without a project or with a locked one.
@@ -47,21 +47,21 @@ class clsScanProject {
   void ModulePublicProcsGet(const host::Ptr<host::VBComponent>& component);
 
  private:
-  shell::Session& s_;
+  kernel::Session& s_;
   ProjectModels& models_;
 };
 
 // The enum whose name starts `text`, with the members of the statements behind `index`
 // up to "End Enum"; each member also goes to `constants` when given. `index` comes back
 // on the statement that ends the block (or behind the last one).
-void EnumAdd(shell::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
+void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colEnums& enums, Constants* constants, std::wstring_view module, bool isPrivate);
 // The same for a user-defined type and its fields, up to "End Type".
-void TypeAdd(shell::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
+void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colTypes& types, std::wstring_view module, bool isPrivate);
 
 // The procedures of a module read from one line of each; with `onlyPublic` the private
 // ones are passed over.
-Rv_ProcDefs ModuleProcsRead(shell::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic);
+Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic);
 
 }  // namespace quillet::analysis

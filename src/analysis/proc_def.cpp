@@ -5,7 +5,7 @@
 #include "analysis/keyed.h"
 #include "analysis/line_scan.h"
 #include "analysis/records.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/error.h"
 #include "vba/like.h"
 #include "vba/strings.h"
@@ -157,7 +157,7 @@ std::wstring ProcKindString(host::ProcKind kind) {
   }
 }
 
-void Rv_ProcDef::init(shell::Session& s, std::wstring_view project, host::CodeModule& module,
+void Rv_ProcDef::init(kernel::Session& s, std::wstring_view project, host::CodeModule& module,
                       std::wstring_view name, host::ProcKind kind) {
   Project = project;
   ModuleName = module.Name();
@@ -173,7 +173,7 @@ void Rv_ProcDef::init(shell::Session& s, std::wstring_view project, host::CodeMo
   DefinitionRead(s);
 }
 
-void Rv_ProcDef::Init2(shell::Session& s, std::wstring_view codeText, std::wstring_view moduleName) {
+void Rv_ProcDef::Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName) {
   Project = L"Library";
   ModuleName = moduleName;
   ProcKind = host::kProcKind;
@@ -186,13 +186,13 @@ void Rv_ProcDef::Init2(shell::Session& s, std::wstring_view codeText, std::wstri
   IsLibraryProcedure = true;
 }
 
-void Rv_ProcDef::DefinitionRead(shell::Session& s) {
+void Rv_ProcDef::DefinitionRead(kernel::Session& s) {
   ProcDefGet(s);
   ProcArguments->init(OneLineProcDef);
 }
 
-void Rv_ProcDef::ProcDefGet(shell::Session& s) {
-  shell::Trap(s, L"Rv_ProcDef.ProcDefGet", [&] {
+void Rv_ProcDef::ProcDefGet(kernel::Session& s) {
+  kernel::Trap(s, L"Rv_ProcDef.ProcDefGet", [&] {
     if (IsDeclarationSection) return;
 
     // The definition runs to the first line whose last character is no "_"; the one-line
@@ -265,7 +265,7 @@ void Rv_ProcDefs::init(std::wstring_view projectName, host::CodeModule& module) 
   ModuleTypeStr = ModuleType == 0 ? L"Standard module" : L"Class module";
 }
 
-void Rv_ProcDefs::Add(shell::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic) {
+void Rv_ProcDefs::Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic) {
   TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] {
     host::ProcKind kind = host::kProcKind;
     std::wstring name = module.ProcOfLine(vlngLineNo, kind);
@@ -279,11 +279,11 @@ void Rv_ProcDefs::Add(shell::Session& s, host::CodeModule& module, long vlngLine
   });
 }
 
-void Rv_ProcDefs::AddProc(shell::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key) {
+void Rv_ProcDefs::AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key) {
   TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] { AddKeepingFirst(items_, std::move(procedure), key); });
 }
 
-void DeclaredProcAdd(shell::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
                      ProcDefCollection& procs, bool isPublic) {
   TrapPassingDuplicates(s, L"basGlobal.DeclaredProcAdd", [&] {
     auto procedure = std::make_shared<Rv_ProcDef>();

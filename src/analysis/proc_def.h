@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::analysis {
@@ -84,17 +84,17 @@ class Rv_ProcDef {
   std::wstring ProcCode;               // from the body line to the end of the procedure
 
   // A procedure of a loaded module. Failures of the host calls reach the caller.
-  void init(shell::Session& s, std::wstring_view project, host::CodeModule& module, std::wstring_view name,
+  void init(kernel::Session& s, std::wstring_view project, host::CodeModule& module, std::wstring_view name,
             host::ProcKind kind);
   // A procedure stored as text (a file of the library folder).
-  void Init2(shell::Session& s, std::wstring_view codeText, std::wstring_view moduleName);
+  void Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName);
   // Reads the definition at the start of ProcCode and its arguments: the last step of both
   // inits. ProcCode needs to hold no more than the definition's lines.
-  void DefinitionRead(shell::Session& s);
+  void DefinitionRead(kernel::Session& s);
 
  private:
   // Reads ProcCode's definition; a failure is reported as "Rv_ProcDef.ProcDefGet".
-  void ProcDefGet(shell::Session& s);
+  void ProcDefGet(kernel::Session& s);
 };
 
 using ProcDefCollection = vba::Collection<std::shared_ptr<Rv_ProcDef>>;
@@ -113,9 +113,9 @@ class Rv_ProcDefs {
   void init(std::wstring_view projectName, host::CodeModule& module);
   // Adds the procedure that holds `vlngLineNo` unless it is known already; with
   // `vblnOnlyPublic` only a public one. Failures are reported as "Rv_ProcDefs.AddProc".
-  void Add(shell::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic);
+  void Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic);
   // Adds under `key`, or without one when it is empty. A key in use keeps its entry.
-  void AddProc(shell::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key);
+  void AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key);
   long Count() const { return items_.Count(); }
   ProcDefCollection& Items() { return items_; }
   const ProcDefCollection& Items() const { return items_; }
@@ -130,7 +130,7 @@ class Rv_ProcDefs {
 // GetTickCount Lib "kernel32" () As Long"). It goes into `procs` under the active project's
 // name, ".", and its name. A name already there keeps its entry; other failures are
 // reported as "basGlobal.DeclaredProcAdd".
-void DeclaredProcAdd(shell::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
                      ProcDefCollection& procs, bool isPublic);
 
 }  // namespace quillet::analysis

@@ -9,6 +9,7 @@
 #include "analysis/library_folder.h"
 #include "analysis/proc_def.h"
 #include "analysis/records.h"
+#include "kernel/session.h"
 
 namespace quillet::analysis {
 
@@ -42,5 +43,9 @@ struct ProjectModels {
   // The procedures of the library folder.
   clsScanLibraryFolder LibraryFolder;
 };
+
+// The session's handle on its models: null before the first project change and after
+// disconnection.
+inline std::shared_ptr<ProjectModels>& Models(kernel::Session& s) { return s.Slot<ProjectModels>(); }
 
 }  // namespace quillet::analysis

@@ -6,8 +6,8 @@
 #include "analysis/module_scan.h"
 #include "settings/ini_file.h"
 #include "settings/items.h"
-#include "shell/errors.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -17,7 +17,7 @@ namespace {
 constexpr int kProjectLocked = 1;
 constexpr int kDocumentModule = 100;
 
-host::Ptr<host::VBProject> ActiveProject(shell::Session& s) { return s.vbe ? s.vbe->ActiveVBProject() : nullptr; }
+host::Ptr<host::VBProject> ActiveProject(kernel::Session& s) { return s.vbe ? s.vbe->ActiveVBProject() : nullptr; }
 
 // Removes every entry that `gone` picks; the rest stays in order.
 template <class T, class F>
@@ -45,7 +45,7 @@ void NamesAdd(List& list, const Records& records, long itemData) {
 
 }  // namespace
 
-void StdModulesGet(shell::Session& s, ItemCollection& modules) {
+void StdModulesGet(kernel::Session& s, ItemCollection& modules) {
   host::Ptr<host::VBProject> project = ActiveProject(s);
   if (!project || project->Protection() == kProjectLocked) return;
   host::Ptr<host::VBComponents> components = project->VBComponents();
@@ -59,7 +59,7 @@ void StdModulesGet(shell::Session& s, ItemCollection& modules) {
   }
 }
 
-void ModuleAdd(shell::Session& s, ProjectModels& models, const std::wstring& name) {
+void ModuleAdd(kernel::Session& s, ProjectModels& models, const std::wstring& name) {
   clsScanProject(s, models).init(name);
 }
 
@@ -80,7 +80,7 @@ void RefLibRemove(ProjectModels& models, std::wstring_view name) {
   RemoveWhere(models.LibraryEnums.Items(), fromLibrary);
 }
 
-void ReferencesRefresh(shell::Session& s, ProjectModels& models) {
+void ReferencesRefresh(kernel::Session& s, ProjectModels& models) {
   // Names joined with a delimiter at both ends of each, so that a name is found whole.
   auto joined = [](const vba::Collection<std::wstring>& names) {
     std::wstring text;
@@ -109,8 +109,8 @@ void ReferencesRefresh(shell::Session& s, ProjectModels& models) {
     if (!name.empty() && vba::InStr(after, L"|" + name + L"|", vba::Compare::Text) == 0) RefLibRemove(models, name);
 }
 
-void ProjectRefresh(shell::Session& s, ProjectModels& models, bool loadExpressions) {
-  shell::Trap(s, L"basGlobal.ProjectRefresh", [&] {
+void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressions) {
+  kernel::Trap(s, L"basGlobal.ProjectRefresh", [&] {
     ReferencesRefresh(s, models);
     ItemCollection current;
     StdModulesGet(s, current);
@@ -127,12 +127,12 @@ void ProjectRefresh(shell::Session& s, ProjectModels& models, bool loadExpressio
       if (!current.Exists(module->Name)) ModuleRemove(models, module->Name);
     models.StdModules = std::move(current);
     if (loadExpressions) KnownExpressionsLoad(s, models);
-    shell::OutlookFocusRestore(s);
+    kernel::OutlookFocusRestore(s);
   });
 }
 
-void KnownExpressionsLoad(shell::Session& s, ProjectModels& models) {
-  shell::Trap(s, L"basGlobal.KnownExpressionsLoad", [&] {
+void KnownExpressionsLoad(kernel::Session& s, ProjectModels& models) {
+  kernel::Trap(s, L"basGlobal.KnownExpressionsLoad", [&] {
     models.KnownExpressions = {};
     settings::IniFile ini(s);
     ini.SetName(settings::IniFile2Name(s, settings::kVarsIni));
@@ -151,8 +151,8 @@ void KnownExpressionsLoad(shell::Session& s, ProjectModels& models) {
   });
 }
 
-void KnownExpressionsGet(shell::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName) {
-  shell::Trap(s, L"basGlobal.KnownExpressionsGet", [&] {
+void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName) {
+  kernel::Trap(s, L"basGlobal.KnownExpressionsGet", [&] {
     host::Ptr<host::VBComponent> selected = s.vbe ? s.vbe->SelectedVBComponent() : nullptr;
     const bool inDocument = selected && selected->Type() == kDocumentModule;
     std::vector<std::wstring> found;
@@ -188,9 +188,9 @@ void ListItemsAdd(const std::vector<std::wstring>& items, List& list, long itemD
 }
 
 template <class List>
-void DataTypeList(shell::Session& s, const ProjectModels& models, const colEnums& moduleEnums, List& list,
+void DataTypeList(kernel::Session& s, const ProjectModels& models, const colEnums& moduleEnums, List& list,
                   std::wstring_view selected, const DataTypeListOptions& options) {
-  shell::Trap(s, L"basGlobal.DataTypeList", [&] {
+  kernel::Trap(s, L"basGlobal.DataTypeList", [&] {
     if (options.clear) list.Clear();
     if (options.addNone) list.AddItem(L"(none)");
     if (!options.noUserTypes)
@@ -238,7 +238,7 @@ void AddTypeItem(List& list, std::wstring_view text) {
   list.SetListIndex(0);
 }
 
-std::wstring CurrentWordGet(shell::Session& s) {
+std::wstring CurrentWordGet(kernel::Session& s) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return {};
   long sl, sc, el, ec;
@@ -252,9 +252,9 @@ std::wstring CurrentWordGet(shell::Session& s) {
   return word.size() < 32 ? word : std::wstring{};
 }
 
-template void DataTypeList(shell::Session&, const ProjectModels&, const colEnums&, ui::ComboBox&, std::wstring_view,
+template void DataTypeList(kernel::Session&, const ProjectModels&, const colEnums&, ui::ComboBox&, std::wstring_view,
                            const DataTypeListOptions&);
-template void DataTypeList(shell::Session&, const ProjectModels&, const colEnums&, ui::ListBox&, std::wstring_view,
+template void DataTypeList(kernel::Session&, const ProjectModels&, const colEnums&, ui::ListBox&, std::wstring_view,
                            const DataTypeListOptions&);
 template void ListItemsAdd(const std::vector<std::wstring>&, ui::ComboBox&, long, bool, ListPosition);
 template void ListItemsAdd(const std::vector<std::wstring>&, ui::ListBox&, long, bool, ListPosition);

@@ -9,7 +9,7 @@
 
 #include "analysis/project_models.h"
 #include "analysis/records.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "ui/list_controls.h"
 
 namespace quillet::analysis {
@@ -18,20 +18,20 @@ namespace quillet::analysis {
 enum ListKind : long { kKindEnum = 10003, kKindType = 10004, kKindObject = 10009 };
 
 // Brings `models` up to date with the active project; `loadExpressions` rereads qltvars.ini.
-void ProjectRefresh(shell::Session& s, ProjectModels& models, bool loadExpressions);
-void ReferencesRefresh(shell::Session& s, ProjectModels& models);
+void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressions);
+void ReferencesRefresh(kernel::Session& s, ProjectModels& models);
 // Each standard module of the active project with the length of its text (none for a
 // locked project).
-void StdModulesGet(shell::Session& s, ItemCollection& modules);
-void ModuleAdd(shell::Session& s, ProjectModels& models, const std::wstring& name);
+void StdModulesGet(kernel::Session& s, ItemCollection& modules);
+void ModuleAdd(kernel::Session& s, ProjectModels& models, const std::wstring& name);
 void ModuleRemove(ProjectModels& models, std::wstring_view name);
 // Removes what a library that is no longer referenced put into the models.
 void RefLibRemove(ProjectModels& models, std::wstring_view name);
-void KnownExpressionsLoad(shell::Session& s, ProjectModels& models);
+void KnownExpressionsLoad(kernel::Session& s, ProjectModels& models);
 
 // The expressions that give a value of `typeName` (all of them for ""), at the end of
 // `list` with the object kind; "Form." and "Report." ones only in a document module, as "Me.".
-void KnownExpressionsGet(shell::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName);
+void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName);
 
 struct DataTypeListOptions {
   bool addNone = false;      // "(none)" first
@@ -42,7 +42,7 @@ struct DataTypeListOptions {
 // The data types a declaration may take: basic types, classes, enums, user-defined types;
 // `selected` chosen when it is there, the first entry otherwise.
 template <class List>
-void DataTypeList(shell::Session& s, const ProjectModels& models, const colEnums& moduleEnums, List& list,
+void DataTypeList(kernel::Session& s, const ProjectModels& models, const colEnums& moduleEnums, List& list,
                   std::wstring_view selected, const DataTypeListOptions& options);
 
 enum class ListPosition { Top = 0, ListOrder = 1, End = 2 };
@@ -60,11 +60,11 @@ template <class List>
 void AddTypeItem(List& list, std::wstring_view text);
 // The word the user selected on one line, without quotes and punctuation, when shorter
 // than 32 characters; otherwise "".
-std::wstring CurrentWordGet(shell::Session& s);
+std::wstring CurrentWordGet(kernel::Session& s);
 
-extern template void DataTypeList(shell::Session&, const ProjectModels&, const colEnums&, ui::ComboBox&,
+extern template void DataTypeList(kernel::Session&, const ProjectModels&, const colEnums&, ui::ComboBox&,
                                   std::wstring_view, const DataTypeListOptions&);
-extern template void DataTypeList(shell::Session&, const ProjectModels&, const colEnums&, ui::ListBox&,
+extern template void DataTypeList(kernel::Session&, const ProjectModels&, const colEnums&, ui::ListBox&,
                                   std::wstring_view, const DataTypeListOptions&);
 extern template void ListItemsAdd(const std::vector<std::wstring>&, ui::ComboBox&, long, bool, ListPosition);
 extern template void ListItemsAdd(const std::vector<std::wstring>&, ui::ListBox&, long, bool, ListPosition);

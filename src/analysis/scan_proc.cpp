@@ -7,7 +7,7 @@
 #include "analysis/line_scan.h"
 #include "analysis/proc_def.h"
 #include "analysis/text_find.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/like.h"
 #include "vba/strings.h"
 #include "vba/text.h"
@@ -35,17 +35,16 @@ void clsScanProc::Reset() {
   ProcExitLine = ProcDeclAreaLineCount = ProcDeclAreaStartLine = ProcDeclAreaEndLine = ProcDefLineCount = 0;
 }
 
-void clsScanProc::init(shell::Session& s, bool fArgToVar) {
+void clsScanProc::init(kernel::Session& s, bool fArgToVar) {
   Reset();
   TrapPassingDuplicates(s, L"clsScanProc.Init", [&] {
     if (!s.vbe || s.vbe->VBProjects()->Count() == 0) return;
     host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject();
-    if (!project || project->Protection() == 1) return;
+    if (!project || project->Protection() == host::kLocked) return;
     host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
     if (!pane) return;
 
-    long sl, sc, el, ec;
-    pane->GetSelection(sl, sc, el, ec);
+    auto [sl, sc, el, ec] = pane->GetSelection();
     host::Ptr<host::CodeModule> module = pane->CodeModule();
     if (sl < 1 || sl > module->CountOfLines()) return;  // an empty module holds no procedure
     ProcName = module->ProcOfLine(sl, ProcType);
@@ -86,7 +85,7 @@ void clsScanProc::init(shell::Session& s, bool fArgToVar) {
     if (fArgToVar) PassOverDuplicates([&] { ArgsToVarsAdd(s, lines); });
 
     ExitLineRead(s, lines);
-    shell::Trap(s, L"basGlobal.ProcDeclAreaGet", [&] {
+    kernel::Trap(s, L"basGlobal.ProcDeclAreaGet", [&] {
       ProcDeclAreaOf(lines, ProcRealStartLine, true, ProcDeclAreaStartLine, ProcDeclAreaEndLine, ProcDefLineCount);
     });
     ProcDeclAreaLineCount = ProcDeclAreaEndLine - ProcDeclAreaStartLine + 1;
@@ -94,14 +93,14 @@ void clsScanProc::init(shell::Session& s, bool fArgToVar) {
   });
 }
 
-void clsScanProc::ExitLineRead(shell::Session& s, const std::vector<std::wstring>& lines) {
+void clsScanProc::ExitLineRead(kernel::Session& s, const std::vector<std::wstring>& lines) {
   // The lines up to the End statement, unless the text would need its line ends trimmed
   // (an empty first or last line) or the End was not found below the definition: then
   // the editor is asked again, as ProcExitLineGet does on its own.
   const long count = ProcRealEndLine - ProcRealStartLine + 1;
   if (count >= 1 && count <= static_cast<long>(lines.size()) && !lines.front().empty() &&
       !lines[static_cast<std::size_t>(count - 1)].empty()) {
-    shell::Trap(s, L"basGlobal.ProcExitLineGet", [&] {
+    kernel::Trap(s, L"basGlobal.ProcExitLineGet", [&] {
       ProcExitLine = ProcExitLineOf(std::span(lines).first(static_cast<std::size_t>(count)), ProcRealStartLine,
                                     ProcTypeStr, true);
     });
@@ -178,7 +177,7 @@ void clsScanProc::StatementsRead(const std::vector<std::wstring>& statements) {
   if (current) AddKeepingFirst(ProcLabels, current, current->Name);
 }
 
-void clsScanProc::ArgsToVarsAdd(shell::Session& s, const std::vector<std::wstring>& lines) {
+void clsScanProc::ArgsToVarsAdd(kernel::Session& s, const std::vector<std::wstring>& lines) {
   // The arguments of the procedure at the caret, read from the definition lines the scan
   // holds already: the definition ends at the first line that is not blank and not
   // continued with "_".

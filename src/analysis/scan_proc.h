@@ -2,14 +2,14 @@
 // The scan of the procedure that holds the caret: its lines, declarations, labels, the
 // declaration area where new declarations go and the Exit line above which closing code
 // goes. A snapshot: its numbers go stale at the first edit, so the builders scan again
-// after inserting. The session keeps the current one (Session::currentScan).
+// after inserting. The session keeps the current one (CurrentScan).
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "analysis/records.h"
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::analysis {
@@ -50,13 +50,17 @@ class clsScanProc {
   // statement across Dim, Static, Const and Return statements, so a declaration right
   // behind a label adds that label's name shortened by one more character, and a Return
   // reads the last declaration list again. This is the scan's established behaviour.
-  void init(shell::Session& s, bool fArgToVar);
+  void init(kernel::Session& s, bool fArgToVar);
 
  private:
   void Reset();
   void StatementsRead(const std::vector<std::wstring>& statements);
-  void ExitLineRead(shell::Session& s, const std::vector<std::wstring>& lines);
-  void ArgsToVarsAdd(shell::Session& s, const std::vector<std::wstring>& lines);
+  void ExitLineRead(kernel::Session& s, const std::vector<std::wstring>& lines);
+  void ArgsToVarsAdd(kernel::Session& s, const std::vector<std::wstring>& lines);
 };
+
+// The session's handle on the current scan: the procedure at the caret as the statement
+// commands and the error handling last read it; null while no procedure was scanned.
+inline std::shared_ptr<clsScanProc>& CurrentScan(kernel::Session& s) { return s.Slot<clsScanProc>(); }
 
 }  // namespace quillet::analysis

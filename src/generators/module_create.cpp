@@ -1,15 +1,15 @@
 #include "generators/module_create.h"
 
 #include "generators/templates.h"
-#include "shell/errors.h"
-#include "shell/product.h"
+#include "kernel/errors.h"
+#include "kernel/product.h"
 #include "ui/ui_host.h"
 
 namespace quillet::generators {
 
-std::wstring ModuleCreate(shell::Session& s, const std::wstring& name, int kind) {
+std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, int kind) {
   std::wstring result;
-  shell::Trap(s, L"basGlobal.ModuleCreate", [&] {
+  kernel::Trap(s, L"basGlobal.ModuleCreate", [&] {
     host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
     if (!project) return;
     const host::Ptr<host::CodePane> activePane = s.vbe->ActiveCodePane();
@@ -19,7 +19,7 @@ std::wstring ModuleCreate(shell::Session& s, const std::wstring& name, int kind)
     } catch (const vba::Error&) {
       s.uiHost.MsgBox(L"It is impossible to give the name '" + name + L"'.\r\nThe new module has a name '" +
                           component->Name() + L"'.",
-                      ui::vbOKOnly | ui::vbExclamation, shell::kAppName);
+                      ui::vbOKOnly | ui::vbExclamation, kernel::kAppName);
     }
     const std::wstring header = HeaderGet(s, kModuleHeader, component->Name(), L"");
     if (!header.empty()) component->CodeModule()->AddFromString(header);

@@ -3,10 +3,10 @@
 // caret comes in here, from the menus and from the Shortcuts window.
 #include <string>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::generators {
 
-void QuilletHandle(shell::Session& s, const std::wstring& command, std::wstring& argument);
+void QuilletHandle(kernel::Session& s, const std::wstring& command, std::wstring& argument);
 
 }  // namespace quillet::generators

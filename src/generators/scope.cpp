@@ -3,22 +3,26 @@
 #include "analysis/module_procs.h"
 #include "analysis/module_scan.h"
 #include "analysis/refresh.h"
-#include "shell/errors.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 
 namespace quillet::generators {
 
-Scope& ScopeOf(shell::Session& s) {
-  if (!s.scope) s.scope = std::make_shared<Scope>();
-  return *s.scope;
+std::shared_ptr<Scope>& ScopeSlot(kernel::Session& s) { return s.Slot<Scope>(); }
+
+Scope& ScopeOf(kernel::Session& s) {
+  std::shared_ptr<Scope>& scope = ScopeSlot(s);
+  if (!scope) scope = std::make_shared<Scope>();
+  return *scope;
 }
 
-const analysis::ProjectModels& ModelsOf(shell::Session& s) {
-  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
-  return *s.models;
+const analysis::ProjectModels& ModelsOf(kernel::Session& s) {
+  std::shared_ptr<analysis::ProjectModels>& models = analysis::Models(s);
+  if (!models) models = std::make_shared<analysis::ProjectModels>();
+  return *models;
 }
 
-const analysis::ProcDefCollection& Scope::ModuleProcs(shell::Session& s) {
+const analysis::ProcDefCollection& Scope::ModuleProcs(kernel::Session& s) {
   if (!moduleProcs_) {
     moduleProcs_.emplace();
     if (component_) *moduleProcs_ = analysis::ModuleProperProcsGet(s, component_, true);
@@ -26,18 +30,19 @@ const analysis::ProcDefCollection& Scope::ModuleProcs(shell::Session& s) {
   return *moduleProcs_;
 }
 
-void initialize(shell::Session& s, const std::wstring& command, const std::wstring& argument) {
+void initialize(kernel::Session& s, const std::wstring& command, const std::wstring& argument) {
   // A fresh scope: what the last command knew is gone.
   auto scope = std::make_shared<Scope>();
   scope->command = command;
   scope->argument = argument;
-  s.scope = scope;
+  ScopeSlot(s) = scope;
   if (host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr)
     scope->component_ = pane->CodeModule()->Parent();
   // The project's models follow the edits since the last command, then the module at the
   // caret is read for its own declarations.
-  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
-  analysis::ProjectRefresh(s, *s.models, false);
+  auto& models = analysis::Models(s);
+  if (!models) models = std::make_shared<analysis::ProjectModels>();
+  analysis::ProjectRefresh(s, *models, false);
   if (scope->component_) {
     analysis::clsScanModule module;
     module.init(s, scope->component_, nullptr, false);  // the scope reads its procedures when asked
@@ -49,8 +54,8 @@ void initialize(shell::Session& s, const std::wstring& command, const std::wstri
 
   std::wstring name;
   long body = 0;
-  if (!shell::CurrentProcGet(s, true, name, body)) {
-    s.currentScan.reset();
+  if (!kernel::CurrentProcGet(s, true, name, body)) {
+    analysis::CurrentScan(s).reset();
     return;
   }
   auto scan = std::make_shared<analysis::clsScanProc>();
@@ -58,10 +63,10 @@ void initialize(shell::Session& s, const std::wstring& command, const std::wstri
   scope->ProcVars = scan->ProcVars;
   scope->ProcConsts = scan->ProcConsts;
   scope->ProcLabels = scan->ProcLabels;
-  s.currentScan = scan;
+  analysis::CurrentScan(s) = scan;
 }
 
-std::wstring VarTypeGet(shell::Session& s, const std::wstring& name) {
+std::wstring VarTypeGet(kernel::Session& s, const std::wstring& name) {
   Scope& scope = ScopeOf(s);
   initialize(s, scope.command, scope.argument);
   Scope& fresh = ScopeOf(s);
@@ -70,7 +75,7 @@ std::wstring VarTypeGet(shell::Session& s, const std::wstring& name) {
   return {};
 }
 
-std::wstring ProcReturnTypeGet(shell::Session& s, const std::wstring& name) {
+std::wstring ProcReturnTypeGet(kernel::Session& s, const std::wstring& name) {
   Scope& scope = ScopeOf(s);
   initialize(s, scope.command, scope.argument);
   // The project's and the module's procedures are asked for a member that a procedure

@@ -1,16 +1,15 @@
 #include "generators/selection.h"
 
-#include "shell/position.h"
+#include "kernel/position.h"
 #include "ui/ui_host.h"
 #include "vba/error.h"
 #include "vba/strings.h"
 
 namespace quillet::generators {
 
-void InstanceAdd(shell::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
+void InstanceAdd(kernel::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
                  bool sendKeys) {
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   if (!allowEmptySelection && sc == ec) return;
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   // Host errors are passed over: a line that cannot be written is left as it is.
@@ -37,9 +36,9 @@ void InstanceAdd(shell::Session& s, const host::Ptr<host::CodePane>& pane, std::
   if (sendKeys) s.platform.SendKeys(L" {BACKSPACE}", false);
 }
 
-void SelectionReplace(shell::Session& s, std::wstring text) { shell::CodeReplace(s, text); }
+void SelectionReplace(kernel::Session& s, std::wstring text) { kernel::CodeReplace(s, text); }
 
-void FilenameAdd(shell::Session& s) {
+void FilenameAdd(kernel::Session& s) {
   ui::FileDialogRequest request;
   request.title = L"Select File";
   request.filters = {{L"All Files", L"*.*"}};
@@ -47,7 +46,7 @@ void FilenameAdd(shell::Session& s) {
   if (path && !path->empty()) SelectionReplace(s, L"\"" + *path + L"\"");
 }
 
-void FoldernameAdd(shell::Session& s) {
+void FoldernameAdd(kernel::Session& s) {
   std::optional<std::wstring> path = s.uiHost.ChooseFolder(L"Select Folder", s.platform.CurrentDirectory());
   if (path && !path->empty()) SelectionReplace(s, L"\"" + *path + L"\"");
 }

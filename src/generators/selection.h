@@ -4,20 +4,20 @@
 #include <string>
 
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::generators {
 
 // Puts `text` into the selected part of one line, with a blank on either side where the
 // neighbours need one; `text` comes back with those blanks. Without `allowEmptySelection` a
 // bare caret writes nothing. `sendKeys` makes the host check the line.
-void InstanceAdd(shell::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
+void InstanceAdd(kernel::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
                  bool sendKeys);
 // Replaces the selection, which may span lines, by `text`.
-void SelectionReplace(shell::Session& s, std::wstring text);
+void SelectionReplace(kernel::Session& s, std::wstring text);
 // A file name chosen in an open-file dialog, in double quotes, at the caret.
-void FilenameAdd(shell::Session& s);
+void FilenameAdd(kernel::Session& s);
 // A folder name chosen in the folder chooser, in double quotes, at the caret.
-void FoldernameAdd(shell::Session& s);
+void FoldernameAdd(kernel::Session& s);
 
 }  // namespace quillet::generators

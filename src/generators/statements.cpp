@@ -1,9 +1,8 @@
 #include "generators/statements.h"
 
-#include "shell/errors.h"
-#include "shell/global.h"
-#include "shell/position.h"
-#include "shell/strings.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
+#include "kernel/strings.h"
 #include "ui/ui_host.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
@@ -12,25 +11,36 @@ namespace quillet::generators {
 namespace {
 
 constexpr const wchar_t* kCrLf = L"\r\n";
+// The caret of a new If block stands before the blank in front of "Then": after the
+// indent and "If".
+constexpr int kIfConditionColumn = 3;
+// A blank typed at the caret makes room for the condition and lets the editor check the line.
+constexpr const wchar_t* kRoomForCondition = L" ";
 
-host::Ptr<host::CodePane> ActivePane(shell::Session& s) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) vba::Raise(vba::kErrObjectNotSet);
-  return pane;
+// The active pane and what it shows; raises when there is no pane.
+kernel::CodeView ActiveViewOrRaise(kernel::Session& s) {
+  std::optional<kernel::CodeView> view = kernel::ActiveView(s);
+  if (!view) vba::Raise(vba::kErrObjectNotSet);
+  return *view;
 }
 
-// A caret below the last line stands on a line that is made first.
-void EnsureLine(host::CodeModule& module, long line) {
-  if (line > module.CountOfLines()) module.InsertLines(line, L"");
+void Apply(kernel::Session& s, const kernel::CodeEdit& edit) {
+  kernel::ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), edit);
 }
 
 // Stops a paused run so that the module can be edited, as the host's Reset does.
-void StopRun(shell::Session& s) {
+void StopRun(kernel::Session& s) {
   try {
     s.vbe->CommandBars().Item(L"Run")->Controls().Item(L"Reset")->Execute();
   } catch (const vba::Error&) {
   }
-  shell::DoEvents(s);
+  kernel::DoEvents(s);
+}
+
+// A caret at the end of the edit's line `line`.
+host::Selection EndOf(const kernel::CodeEdit& edit, long line) {
+  long end = vba::Len(edit.Line(static_cast<std::size_t>(line - edit.line))) + 1;
+  return {line, end};
 }
 
 }  // namespace
@@ -41,100 +51,120 @@ bool IsOneOf(const std::wstring& command, std::initializer_list<const wchar_t*> 
   return false;
 }
 
-bool CodeInsert(shell::Session& s, std::wstring text, const std::wstring& command, bool allowInline, bool spaceBefore) {
-  host::Ptr<host::CodePane> pane = ActivePane(s);
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long line = 0, column = 1;
-  std::wstring lineText = shell::CurrentLineGet(s, line, column, true);
-  EnsureLine(*module, line);
-  StopRun(s);
+kernel::CodeEdit CodeInsertEdit(const kernel::CodeView& view, std::wstring text, const std::wstring& command,
+                                InsertOptions options) {
+  host::Selection at = view.Place();
+  long line = at.startLine, column = at.startColumn;
+  std::wstring lineText = view.line(line);
   if (vba::Trim(lineText).empty()) {
-    text = vba::Space(column - 1) + text;
-    module->ReplaceLine(line, text);
-    pane->SetSelection(line, vba::Len(text) + 1, line, vba::Len(text) + 1);
-    return true;
+    kernel::CodeEdit edit = kernel::BlockAtLine(view, line, vba::Space(column - 1) + text);
+    edit.caret = EndOf(edit, edit.line);
+    return edit;
   }
   std::wstring left = vba::Left(lineText, column - 1);
   std::wstring right = column <= vba::Len(lineText) ? vba::Mid(lineText, column) : std::wstring();
   bool inLine = false;
-  if (allowInline) {
+  if (options.allowInline) {
     std::wstring trimmedLeft = vba::Trim(left);
     inLine = (command == L"Debug.Print " && (trimmedLeft.empty() || vba::Right(trimmedLeft, 1) == L":")) ||
              (command == L"Exit" && vba::Trim(right).empty()) ||
              IsOneOf(command, {L"Folder", L"Filename", L"GoTo", L"Insert Objectname"});
   }
   if (inLine) {
-    if (spaceBefore && !lineText.empty() && vba::Right(left, 1) != L" ") text = L" " + text;
-    module->ReplaceLine(line, left + text + right);
-    long caret = vba::Len(left) + vba::Len(text) + 1;
-    pane->SetSelection(line, caret, line, caret);
-    return true;
+    if (options.spaceBefore && !lineText.empty() && vba::Right(left, 1) != L" ") text = L" " + text;
+    kernel::CodeEdit edit;
+    edit.line = line;
+    edit.mode = kernel::CodeEdit::kReplaceLine;
+    edit.text = left + text + right;
+    edit.caret = host::Selection(line, vba::Len(left) + vba::Len(text) + 1);
+    return edit;
   }
   // Below a line with code the statement gets one tab width, whatever that line's indent.
-  text = shell::TabSpacesGet(s) + text;
-  module->InsertLines(line + 1, text);
-  pane->SetSelection(line + 1, vba::Len(text) + 1, line + 1, vba::Len(text) + 1);
+  kernel::CodeEdit edit = kernel::BlockAtLine(view, line, view.tab + text);
+  edit.caret = EndOf(edit, edit.line);
+  return edit;
+}
+
+bool CodeInsert(kernel::Session& s, std::wstring text, const std::wstring& command, InsertOptions options) {
+  kernel::CodeEdit edit = CodeInsertEdit(ActiveViewOrRaise(s), std::move(text), command, options);
+  StopRun(s);
+  Apply(s, edit);
   return true;
 }
 
-bool WithCodeInsert(shell::Session& s, const std::wstring& expression) {
-  if (expression.empty()) return false;
-  host::Ptr<host::CodePane> pane = ActivePane(s);
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long line = 0, column = 1;
-  std::wstring lineText = shell::CurrentLineGet(s, line, column, false);
-  std::wstring indent = vba::Space(shell::CurrentIndentGet(s));
-  std::wstring tab = shell::TabSpacesGet(s);
-  std::wstring block = indent + L"With " + expression + kCrLf + indent + tab + kCrLf + indent + L"End With";
-  EnsureLine(*module, line);
-  if (!vba::Trim(lineText).empty()) module->InsertLines(line + 1, block);
-  else module->ReplaceLine(line, block);
+std::optional<kernel::CodeEdit> WithEdit(const kernel::CodeView& view, const std::wstring& expression) {
+  if (expression.empty()) return std::nullopt;
+  long line = view.Place().endLine;
+  std::wstring indent = vba::Space(kernel::CurrentIndent(view));
+  std::wstring block = indent + L"With " + expression + kCrLf + indent + view.tab + kCrLf + indent + L"End With";
+  kernel::CodeEdit edit = kernel::BlockAtLine(view, line, block);
   // On a blank line this is the body line; below a line with code it is the With line.
-  long end = vba::Len(module->Lines(line + 1, 1)) + 1;
-  pane->SetSelection(line + 1, end, line + 1, end);
+  edit.caret = EndOf(edit, line + 1);
+  return edit;
+}
+
+bool WithCodeInsert(kernel::Session& s, const std::wstring& expression) {
+  std::optional<kernel::CodeEdit> edit = WithEdit(ActiveViewOrRaise(s), expression);
+  if (!edit) return false;
+  Apply(s, *edit);
   return true;
 }
 
-void IfCodeInsert(shell::Session& s, const std::wstring& command) {
-  int n = shell::CurrentIndentGet(s);
+kernel::CodeEdit IfEdit(const kernel::CodeView& view, const std::wstring& command, int elseIfs) {
+  int n = kernel::CurrentIndent(view);
   std::wstring indent = vba::Space(n);
-  std::wstring body = indent + shell::TabSpacesGet(s) + kCrLf;
+  std::wstring body = indent + view.tab + kCrLf;
+  std::wstring text = indent + kernel::ResString(kernel::res::kIfThen) + kCrLf + body;
+  for (int i = 0; i < elseIfs; ++i) text += indent + kernel::ResString(kernel::res::kElseIfThen) + kCrLf + body;
+  if (command == L"If Then Else" || command == L"If Then ElseIf Else")
+    text += indent + kernel::ResString(kernel::res::kElse) + kCrLf + body;
+  text += indent + kernel::ResString(kernel::res::kEndIf);
+  kernel::CodeEdit edit = kernel::LineInsertEdit(view, text, n + kIfConditionColumn);
+  edit.keys = kRoomForCondition;
+  return edit;
+}
+
+void IfCodeInsert(kernel::Session& s, const std::wstring& command) {
   int elseIfs = 0;
   if (command == L"If Then ElseIf Else" || command == L"If Then Else If") {
     std::optional<std::wstring> answer = s.uiHost.InputBox(L"Number of 'ElseIf'", command, L"");
     if (!answer) return;
     elseIfs = vba::CInt(vba::Val(*answer));
   }
-  std::wstring text = indent + shell::ResString(301) + kCrLf + body;
-  for (int i = 0; i < elseIfs; ++i) text += indent + shell::ResString(303) + kCrLf + body;
-  if (command == L"If Then Else" || command == L"If Then ElseIf Else") text += indent + shell::ResString(302) + kCrLf + body;
-  text += indent + shell::ResString(304);
-  shell::CodeLineInsert(s, text, n + 3);
-  // The caret stands before the blank in front of "Then"; the typed blank makes room for
-  // the condition.
-  s.platform.SendKeys(L" ", false);
+  std::optional<kernel::CodeView> view = kernel::ActiveView(s);
+  if (view) Apply(s, IfEdit(*view, command, elseIfs));
 }
 
-void LoopCodeInsert(shell::Session& s, const std::wstring& command) {
+std::optional<kernel::CodeEdit> LoopEdit(const kernel::CodeView& view, const std::wstring& command) {
+  // Each loop: its first and last keyword, and the column after the indent where the caret
+  // waits for what the loop runs over.
   struct Loop {
     const wchar_t* command;
     int first, last, column;
   };
-  static const Loop loops[] = {{L"IfDoLoopWhile", 309, 311, 9},
-                               {L"IfDoLoopUntil", 310, 311, 9},
-                               {L"ForEachNext", 312, 314, 9},
-                               {L"ForNext", 313, 314, 4},
-                               {L"While", 315, 316, 6}};
+  using namespace kernel::res;
+  static const Loop loops[] = {{L"IfDoLoopWhile", kDoWhile, kLoop, 9},
+                               {L"IfDoLoopUntil", kDoUntil, kLoop, 9},
+                               {L"ForEachNext", kForEachIn, kNext, 9},
+                               {L"ForNext", kForTo, kNext, 4},
+                               {L"While", kWhile, kWend, 6}};
   for (const Loop& l : loops) {
     if (command != l.command) continue;
-    int n = shell::CurrentIndentGet(s);
+    int n = kernel::CurrentIndent(view);
     std::wstring indent = vba::Space(n);
-    std::wstring text = indent + shell::ResString(l.first) + kCrLf + indent + shell::TabSpacesGet(s) + kCrLf + indent +
-                        shell::ResString(l.last);
-    shell::CodeLineInsert(s, text, n + l.column);
-    s.platform.SendKeys(L" ", false);
-    return;
+    std::wstring text = indent + kernel::ResString(l.first) + kCrLf + indent + view.tab + kCrLf + indent +
+                        kernel::ResString(l.last);
+    kernel::CodeEdit edit = kernel::LineInsertEdit(view, text, n + l.column);
+    edit.keys = kRoomForCondition;
+    return edit;
   }
+  return std::nullopt;
+}
+
+void LoopCodeInsert(kernel::Session& s, const std::wstring& command) {
+  std::optional<kernel::CodeView> view = kernel::ActiveView(s);
+  if (!view) return;
+  if (std::optional<kernel::CodeEdit> edit = LoopEdit(*view, command)) Apply(s, *edit);
 }
 
 }  // namespace quillet::generators

@@ -4,8 +4,8 @@
 #include "settings/file_objects.h"
 #include "settings/folders.h"
 #include "settings/items.h"
-#include "shell/errors.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 #include "vba/dates.h"
 #include "vba/strings.h"
 
@@ -22,33 +22,33 @@ bool Has(std::wstring_view text, std::wstring_view token) {
   return vba::InStr(text, token, vba::Compare::Text) > 0;
 }
 
-std::wstring Item(shell::Session& s, int item) { return s.settings[item].ToString(); }
+std::wstring Item(kernel::Session& s, int item) { return s.settings[item].ToString(); }
 
 // The four tokens of the developer's identity, in the order both fillers use.
-void IdentityReplace(shell::Session& s, std::wstring& text) {
+void IdentityReplace(kernel::Session& s, std::wstring& text) {
   ReplaceToken(text, L"{AUTHOR}", Item(s, settings::kDeveloper));
   ReplaceToken(text, L"{INITIALS}", Item(s, settings::kInitials));
   ReplaceToken(text, L"{COMPANYNAME}", Item(s, settings::kOrganization));
   ReplaceToken(text, L"{COPYRIGHT}", Item(s, settings::kCopyright));
 }
 
-void DateTimeReplace(shell::Session& s, std::wstring& text) {
+void DateTimeReplace(kernel::Session& s, std::wstring& text) {
   const vba::DateTime now = s.clock.Now();
   ReplaceToken(text, L"{DATE}", vba::ShortDate(now));
   ReplaceToken(text, L"{TIME}", vba::ShortTime(now));
 }
 
 // The procedure at the caret, as the strict test of the position layer sees it.
-std::wstring CaretProcedure(shell::Session& s, long& bodyLine) {
+std::wstring CaretProcedure(kernel::Session& s, long& bodyLine) {
   std::wstring name;
   bodyLine = 0;
-  if (!shell::CurrentProcGet(s, true, name, bodyLine)) return {};
+  if (!kernel::CurrentProcGet(s, true, name, bodyLine)) return {};
   return name;
 }
 
 // The definition line of the named procedure of the active module: the caret's own when
 // the caret gave the name, otherwise the first kind of procedure under that name.
-std::wstring DefinitionLine(shell::Session& s, const std::wstring& name, long bodyLine) {
+std::wstring DefinitionLine(kernel::Session& s, const std::wstring& name, long bodyLine) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return {};
   host::Ptr<host::CodeModule> module = pane->CodeModule();
@@ -62,7 +62,7 @@ std::wstring DefinitionLine(shell::Session& s, const std::wstring& name, long bo
   return bodyLine > 0 ? module->Lines(bodyLine, 1) : std::wstring{};
 }
 
-std::wstring ReadTemplate(shell::Session& s, const std::wstring& path) {
+std::wstring ReadTemplate(kernel::Session& s, const std::wstring& path) {
   settings::File file(s, path);
   file.silent = true;
   return file.ReadFile();
@@ -70,15 +70,15 @@ std::wstring ReadTemplate(shell::Session& s, const std::wstring& path) {
 
 }  // namespace
 
-bool Substitute(shell::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
+bool Substitute(kernel::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
                 std::wstring& procedureType, std::wstring_view rest) {
-  shell::Trap(s, L"basGlobal.Substitute", [&] {
+  kernel::Trap(s, L"basGlobal.Substitute", [&] {
     IdentityReplace(s, text);
     DateTimeReplace(s, text);
     ReplaceToken(text, L"{DESCRIPTION}", L"");
     // Templates are written with an indent of four; they take the editor's own before
     // any name enters the text.
-    text = vba::Replace(text, L"    ", shell::TabSpacesGet(s));
+    text = vba::Replace(text, L"    ", kernel::TabSpacesGet(s));
     ReplaceToken(text, L"{HANDLEEXITLABEL}", Item(s, settings::kExitHandler));
     ReplaceToken(text, L"{HANDLEERRORLABEL}", Item(s, settings::kErrorHandler));
     if (Has(text, L"{ERRORHANDLEPROCEDURE}"))
@@ -102,16 +102,16 @@ bool Substitute(shell::Session& s, std::wstring& text, std::wstring& moduleName,
   return true;
 }
 
-bool FileSubstitute(shell::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
+bool FileSubstitute(kernel::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
                     std::wstring& procedureType) {
-  shell::Trap(s, L"basGlobal.FileSubstitute", [&] {
+  kernel::Trap(s, L"basGlobal.FileSubstitute", [&] {
     long found = vba::InStr(text, kIncludeTag, vba::Compare::Text);
     while (found > 0) {
       const long pathStart = found + static_cast<long>(kIncludeTag.size());
       const long close = vba::InStr(pathStart, text, L"}");
       if (close > 0) {
         const std::wstring written = text.substr(pathStart - 1, close - pathStart);
-        std::wstring content = ReadTemplate(s, settings::PathCombine({shell::AppPathGet(s), written}));
+        std::wstring content = ReadTemplate(s, settings::PathCombine({kernel::AppPathGet(s), written}));
         if (!content.empty()) Substitute(s, content, moduleName, procedureName, procedureType);
         ReplaceToken(text, std::wstring(kIncludeTag) + written + L"}", content);
       }
@@ -122,9 +122,9 @@ bool FileSubstitute(shell::Session& s, std::wstring& text, std::wstring& moduleN
   return true;
 }
 
-std::wstring HeaderGet(shell::Session& s, long kind, std::wstring_view name, std::wstring_view description) {
+std::wstring HeaderGet(kernel::Session& s, long kind, std::wstring_view name, std::wstring_view description) {
   std::wstring result;
-  shell::Trap(s, L"basGlobal.HeaderGet", [&] {
+  kernel::Trap(s, L"basGlobal.HeaderGet", [&] {
     std::wstring path;
     if (kind == kProcedureHeader) path = settings::ProcedureHeaderFileGet(s);
     else if (kind == kModuleHeader) path = settings::ModuleHeaderFileGet(s);
@@ -136,7 +136,7 @@ std::wstring HeaderGet(shell::Session& s, long kind, std::wstring_view name, std
     ReplaceToken(text, L"{PROCEDURENAME}", name);
     DateTimeReplace(s, text);
     ReplaceToken(text, L"{DESCRIPTION}", description);
-    result = text + shell::TabSpacesGet(s) + L"\r\n";
+    result = text + kernel::TabSpacesGet(s) + L"\r\n";
   });
   return result;
 }
@@ -159,9 +159,9 @@ std::wstring WrapText(std::wstring_view text) {
   return out;
 }
 
-void IndentAddToFragment(shell::Session& s, std::wstring& text, int indent) {
-  shell::Trap(s, L"basGlobal.IndentAddToFragment", [&] {
-    if (indent == -1) indent = shell::CurrentIndentGet(s);
+void IndentAddToFragment(kernel::Session& s, std::wstring& text, int indent) {
+  kernel::Trap(s, L"basGlobal.IndentAddToFragment", [&] {
+    if (indent == -1) indent = kernel::CurrentIndentGet(s);
     const std::wstring blanks(static_cast<size_t>(std::max(indent, 0)), L' ');
     std::wstring out;
     for (const std::wstring& line : vba::Split(text, L"\r\n")) out += blanks + line + L"\r\n";

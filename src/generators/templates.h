@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::generators {
 
@@ -21,24 +21,24 @@ enum HeaderKind : long { kProcedureHeader = 10005, kModuleHeader = 10008 };
 // from its definition line, each looked up only when its token occurs. Four-blank runs
 // become the editor's indent before any name enters. Always true; a failure is reported
 // as "basGlobal.Substitute" and leaves the text as far as it got.
-bool Substitute(shell::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
+bool Substitute(kernel::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
                 std::wstring& procedureType, std::wstring_view rest = {});
 
 // Resolves every "{INCLUDE path}" of `text` with the file at `path` (relative to the
 // program's folder), itself substituted. A missing or empty file replaces the tag by
 // nothing; a tag without "}" stays.
-bool FileSubstitute(shell::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
+bool FileSubstitute(kernel::Session& s, std::wstring& text, std::wstring& moduleName, std::wstring& procedureName,
                     std::wstring& procedureType);
 
 // The procedure or module header from its template file, with `name` for both names and
 // `description`; ends with one indent and CR LF. "" when there is no template.
-std::wstring HeaderGet(shell::Session& s, long kind, std::wstring_view name, std::wstring_view description);
+std::wstring HeaderGet(kernel::Session& s, long kind, std::wstring_view name, std::wstring_view description);
 
 // A comment block of `text` for a header: each line behind "'   ", lines over 50
 // characters cut at the first blank from column 50 on.
 std::wstring WrapText(std::wstring_view text);
 
 // Prefixes every line of `text` with `indent` blanks (the caret's indent for -1).
-void IndentAddToFragment(shell::Session& s, std::wstring& text, int indent);
+void IndentAddToFragment(kernel::Session& s, std::wstring& text, int indent);
 
 }  // namespace quillet::generators

@@ -39,7 +39,7 @@ std::wstring ValueQuote(const std::wstring& value, const std::wstring& typeName)
   return value.empty() ? L"0" : value;
 }
 
-std::wstring ValueAsCode(shell::Session& s, const vba::Variant& value, int type, const analysis::Constants& moduleConsts,
+std::wstring ValueAsCode(kernel::Session& s, const vba::Variant& value, int type, const analysis::Constants& moduleConsts,
                          const analysis::Constants& procConsts) {
   if (type == vbEmpty) type = TypeOfValue(value);
   std::wstring text = value.ToString();

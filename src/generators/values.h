@@ -4,7 +4,7 @@
 #include <string>
 
 #include "analysis/records.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/variant.h"
 
 namespace quillet::generators {
@@ -25,7 +25,7 @@ enum VarType : int {
 };
 
 // The value as code for a declaration of `type` (vbEmpty: the value's own type).
-std::wstring ValueAsCode(shell::Session& s, const vba::Variant& value, int type, const analysis::Constants& moduleConsts,
+std::wstring ValueAsCode(kernel::Session& s, const vba::Variant& value, int type, const analysis::Constants& moduleConsts,
                          const analysis::Constants& procConsts);
 // The value in the quotes its type needs: "#...#" for a date, double quotes for a string;
 // numbers stay as they are, and an empty value of another type is "0".

@@ -173,8 +173,9 @@ std::size_t FindInLine(const std::wstring& line, std::size_t from, std::size_t t
 
 }  // namespace
 
-bool MemoryCodeModule::Find(std::wstring_view target, long& startLine, long& startColumn, long& endLine,
-                            long& endColumn, bool wholeWord, bool matchCase, bool patternSearch) const {
+bool MemoryCodeModule::Find(std::wstring_view target, Selection& range, const FindOptions& options) const {
+  auto& [startLine, startColumn, endLine, endColumn] = range;
+  const auto [wholeWord, matchCase, patternSearch] = options;
   long count = CountOfLines();
   if (count == 0) return false;
   long firstLine = std::max(1L, startLine);
@@ -219,16 +220,14 @@ void MemoryCodePane::Normalize(Pos& a, Pos& b) const {
   if (b.line < a.line || (b.line == a.line && b.column < a.column)) std::swap(a, b);
 }
 
-void MemoryCodePane::GetSelection(long& startLine, long& startColumn, long& endLine, long& endColumn) const {
+Selection MemoryCodePane::GetSelection() const {
   Pos a = anchor_, b = caret_;
   Normalize(a, b);
-  startLine = a.line;
-  startColumn = a.column;
-  endLine = b.line;
-  endColumn = b.column;
+  return {a.line, a.column, b.line, b.column};
 }
 
-void MemoryCodePane::SetSelection(long startLine, long startColumn, long endLine, long endColumn) {
+void MemoryCodePane::SetSelection(const Selection& selection) {
+  auto [startLine, startColumn, endLine, endColumn] = selection;
   auto module = Module();
   long maxLine = module ? std::max(1L, module->CountOfLines() + 1) : 1;
   auto clampLine = [&](long l) { return std::clamp(l, 1L, maxLine); };

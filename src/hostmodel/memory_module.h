@@ -32,8 +32,7 @@ class MemoryCodeModule : public CodeModule, public std::enable_shared_from_this<
   long ProcStartLine(std::wstring_view name, ProcKind kind) const override;
   long ProcBodyLine(std::wstring_view name, ProcKind kind) const override;
   long ProcCountLines(std::wstring_view name, ProcKind kind) const override;
-  bool Find(std::wstring_view target, long& startLine, long& startColumn, long& endLine, long& endColumn,
-            bool wholeWord = false, bool matchCase = false, bool patternSearch = false) const override;
+  bool Find(std::wstring_view target, Selection& range, const FindOptions& options = {}) const override;
   Ptr<host::CodePane> CodePane() override;
 
   // Direct access for the editor itself and its loaders.
@@ -69,8 +68,10 @@ class MemoryCodePane : public CodePane, public std::enable_shared_from_this<Memo
 
   Ptr<host::CodeModule> CodeModule() const override;
   Ptr<host::Window> Window() const override;
-  void GetSelection(long& startLine, long& startColumn, long& endLine, long& endColumn) const override;
-  void SetSelection(long startLine, long startColumn, long endLine, long endColumn) override;
+  Selection GetSelection() const override;
+  void SetSelection(const Selection& selection) override;
+  using CodePane::GetSelection;
+  using CodePane::SetSelection;
   long TopLine() const override { return topLine_; }
   void SetTopLine(long line) override { topLine_ = line < 1 ? 1 : line; }
   void Show() override;

@@ -113,7 +113,7 @@ class MemoryProject : public VBProject,
   std::wstring Name() const override { return name_; }
   void SetName(std::wstring_view name) override { name_ = name; }
   std::wstring FileName() const override { return fileName_; }
-  int Protection() const override { return protection_; }
+  host::Protection Protection() const override { return static_cast<host::Protection>(protection_); }
   int Type() const override { return 100; }
   std::wstring HelpFile() const override { return helpFile_; }
   Ptr<host::VBComponents> VBComponents() override;

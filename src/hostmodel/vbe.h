@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hostmodel/selection.h"
+
 namespace quillet::host {
 
 template <class T>
@@ -50,6 +52,16 @@ enum ComponentType : int {
   kMSForm = 3,
   kActiveXDesigner = 11,
   kDocument = 100,
+};
+
+// How a project is protected: a locked one cannot be read.
+enum Protection : int { kNoProtection = 0, kLocked = 1 };
+
+// How Find matches its target.
+struct FindOptions {
+  bool wholeWord = false;
+  bool matchCase = false;
+  bool patternSearch = false;
 };
 
 // Procedure kinds of the editor: Sub and Function are one kind.
@@ -111,12 +123,9 @@ class CodeModule {
   virtual long ProcBodyLine(std::wstring_view name, ProcKind kind) const = 0;
   virtual long ProcCountLines(std::wstring_view name, ProcKind kind) const = 0;
 
-  // Searches from (startLine, startColumn) to (endLine, endColumn); -1 for the end
-  // arguments means to the end of the module. On success the four arguments hold the
-  // match, endColumn being the column behind its last character.
-  virtual bool Find(std::wstring_view target, long& startLine, long& startColumn, long& endLine,
-                    long& endColumn, bool wholeWord = false, bool matchCase = false,
-                    bool patternSearch = false) const = 0;
+  // Searches `range`; -1 for its end line and column means to the end of the module. On
+  // success `range` holds the match.
+  virtual bool Find(std::wstring_view target, Selection& range, const FindOptions& options = {}) const = 0;
 
   // The pane that shows the module; opening it is left to CodePane::Show.
   virtual Ptr<host::CodePane> CodePane() = 0;
@@ -127,8 +136,17 @@ class CodePane {
   virtual ~CodePane() = default;
   virtual Ptr<host::CodeModule> CodeModule() const = 0;
   virtual Ptr<host::Window> Window() const = 0;
-  virtual void GetSelection(long& startLine, long& startColumn, long& endLine, long& endColumn) const = 0;
-  virtual void SetSelection(long startLine, long startColumn, long endLine, long endColumn) = 0;
+  // The selection, its start before its end whichever way the user drew it.
+  virtual Selection GetSelection() const = 0;
+  virtual void SetSelection(const Selection& selection) = 0;
+  // Four loose numbers, for the scenario runner until it speaks Selection.
+  void SetSelection(long startLine, long startColumn, long endLine, long endColumn) {
+    SetSelection(Selection(startLine, startColumn, endLine, endColumn));
+  }
+  void GetSelection(long& startLine, long& startColumn, long& endLine, long& endColumn) const {
+    Selection s = GetSelection();
+    startLine = s.startLine, startColumn = s.startColumn, endLine = s.endLine, endColumn = s.endColumn;
+  }
   virtual long TopLine() const = 0;
   virtual void SetTopLine(long line) = 0;
   // Opens the code window and makes it the active one.
@@ -206,7 +224,7 @@ class VBProject {
   virtual void SetName(std::wstring_view name) = 0;
   // Empty for a project that was never saved. Reading it may fail on some hosts.
   virtual std::wstring FileName() const = 0;
-  virtual int Protection() const = 0;  // 1 locked
+  virtual host::Protection Protection() const = 0;
   virtual int Type() const = 0;        // 100 host project
   virtual std::wstring HelpFile() const = 0;
   virtual Ptr<host::VBComponents> VBComponents() = 0;

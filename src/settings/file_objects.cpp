@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "settings/text_codec.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/like.h"
 #include "vba/strings.h"
 
@@ -13,7 +13,7 @@ namespace quillet::settings {
 
 void File::Failed(const vba::Error& e, std::wstring_view operation) {
   error_ = e;
-  if (!silent) shell::HandleError(s_, e, 0, L"clsFile." + std::wstring(operation));
+  if (!silent) kernel::HandleError(s_, e, 0, L"clsFile." + std::wstring(operation));
 }
 
 std::wstring File::Path() const { return vba::Left(fullName_, std::max(0L, vba::InStrRev(fullName_, L"\\") - 1)); }
@@ -87,7 +87,7 @@ void Folder::InitFolder(std::wstring_view path, std::wstring_view filter) {
   filter_ = filter;
   files.Clear();
   folders.Clear();
-  shell::Trap(s_, L"clsFolder.InitFolder", [&] {
+  kernel::Trap(s_, L"clsFolder.InitFolder", [&] {
     GetFiles(filter_);
     GetFolders();
   });

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 #include "vba/error.h"
 
@@ -15,7 +15,7 @@ namespace quillet::settings {
 
 class File {
  public:
-  explicit File(shell::Session& s, std::wstring fullName = {}) : s_(s), fullName_(std::move(fullName)) {}
+  explicit File(kernel::Session& s, std::wstring fullName = {}) : s_(s), fullName_(std::move(fullName)) {}
 
   // When true, failures are kept in Error but not reported.
   bool silent = false;
@@ -45,14 +45,14 @@ class File {
  private:
   void Failed(const vba::Error& e, std::wstring_view operation);
 
-  shell::Session& s_;
+  kernel::Session& s_;
   std::wstring fullName_;
   std::optional<vba::Error> error_;
 };
 
 class Folder {
  public:
-  explicit Folder(shell::Session& s) : s_(s) {}
+  explicit Folder(kernel::Session& s) : s_(s) {}
 
   // The files that match the filter, keyed by name with extension.
   vba::Collection<std::shared_ptr<File>> files;
@@ -71,7 +71,7 @@ class Folder {
   void GetFiles(std::wstring_view filter);
   void GetFolders();
 
-  shell::Session& s_;
+  kernel::Session& s_;
   std::wstring fullPath_;
   std::wstring filter_;
 };

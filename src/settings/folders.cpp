@@ -2,7 +2,7 @@
 
 #include "settings/items.h"
 #include "settings/settings.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/like.h"
 #include "vba/strings.h"
 #include "vba/text.h"
@@ -18,10 +18,10 @@ bool IsFullPath(std::wstring_view path) {
   return vba::Like(path, L"\\\\*\\*") || vba::Like(path, L"?:\\*");
 }
 
-std::wstring SettingText(shell::Session& s, int item) { return s.settings[item].ToString(); }
+std::wstring SettingText(kernel::Session& s, int item) { return s.settings[item].ToString(); }
 
 // A path setting: a full path as it stands, anything else made absolute.
-std::wstring PathSettingGet(shell::Session& s, int item) {
+std::wstring PathSettingGet(kernel::Session& s, int item) {
   std::wstring value = SettingText(s, item);
   return IsFullPath(value) ? value : PathAbsoluteGet(s, value);
 }
@@ -34,7 +34,7 @@ const std::vector<std::wstring>& FolderTokens() {
   return tokens;
 }
 
-std::wstring TokenFolderGet(shell::Session& s, int token) {
+std::wstring TokenFolderGet(kernel::Session& s, int token) {
   switch (token) {
     case kRoot: return RootFolderGet(s);
     case kCode: return CodeFolderGet(s);
@@ -47,27 +47,27 @@ std::wstring TokenFolderGet(shell::Session& s, int token) {
   }
 }
 
-std::wstring RootFolderGet(shell::Session& s) { return s.platform.ProgramFolder(); }
+std::wstring RootFolderGet(kernel::Session& s) { return s.platform.ProgramFolder(); }
 
-std::wstring CodeFolderGet(shell::Session& s) {
+std::wstring CodeFolderGet(kernel::Session& s) {
   std::wstring value = SettingText(s, kBaseFolder);
   if (IsFullPath(value)) return value;
   return PathCombine({RootFolderGet(s), value});
 }
 
-std::wstring LibraryFolderGet(shell::Session& s) { return PathSettingGet(s, kLibraryFolder); }
-std::wstring FragmentsFolderGet(shell::Session& s) { return PathCombine({CodeFolderGet(s), L"Fragments"}); }
-std::wstring ClassesFolderGet(shell::Session& s) { return PathCombine({CodeFolderGet(s), L"Classes"}); }
-std::wstring TemplatesFolderGet(shell::Session& s) { return PathCombine({CodeFolderGet(s), L"Templates"}); }
-std::wstring ErrorHandlersFolderGet(shell::Session& s) {
+std::wstring LibraryFolderGet(kernel::Session& s) { return PathSettingGet(s, kLibraryFolder); }
+std::wstring FragmentsFolderGet(kernel::Session& s) { return PathCombine({CodeFolderGet(s), L"Fragments"}); }
+std::wstring ClassesFolderGet(kernel::Session& s) { return PathCombine({CodeFolderGet(s), L"Classes"}); }
+std::wstring TemplatesFolderGet(kernel::Session& s) { return PathCombine({CodeFolderGet(s), L"Templates"}); }
+std::wstring ErrorHandlersFolderGet(kernel::Session& s) {
   return PathCombine({FragmentsFolderGet(s), L"ErrorHandlers"});
 }
 
-std::wstring ErrorHandleFileGet(shell::Session& s) { return PathSettingGet(s, kErrorHandleFile); }
-std::wstring CollectionClassTemplateGet(shell::Session& s) { return PathSettingGet(s, kCollectionClassTemplate); }
-std::wstring ProcedureHeaderFileGet(shell::Session& s) { return PathSettingGet(s, kProcedureHeaderFile); }
-std::wstring ModuleHeaderFileGet(shell::Session& s) { return PathSettingGet(s, kModuleHeaderFile); }
-std::wstring PrefixStandardsFileGet(shell::Session& s) { return PathSettingGet(s, kPrefixStandardsFile); }
+std::wstring ErrorHandleFileGet(kernel::Session& s) { return PathSettingGet(s, kErrorHandleFile); }
+std::wstring CollectionClassTemplateGet(kernel::Session& s) { return PathSettingGet(s, kCollectionClassTemplate); }
+std::wstring ProcedureHeaderFileGet(kernel::Session& s) { return PathSettingGet(s, kProcedureHeaderFile); }
+std::wstring ModuleHeaderFileGet(kernel::Session& s) { return PathSettingGet(s, kModuleHeaderFile); }
+std::wstring PrefixStandardsFileGet(kernel::Session& s) { return PathSettingGet(s, kPrefixStandardsFile); }
 
 std::wstring PathAddSlash(std::wstring_view path) {
   std::wstring p(path);
@@ -89,7 +89,7 @@ std::wstring PathCombine(const std::vector<std::wstring>& parts) {
   return path;
 }
 
-std::wstring PathTokensExpand(shell::Session& s, std::wstring_view path) {
+std::wstring PathTokensExpand(kernel::Session& s, std::wstring_view path) {
   std::wstring result(path);
   const auto& tokens = FolderTokens();
   for (int i = 0; i < static_cast<int>(tokens.size()); ++i) {
@@ -102,11 +102,11 @@ std::wstring PathTokensExpand(shell::Session& s, std::wstring_view path) {
   return result;
 }
 
-std::wstring PathAbsoluteGet(shell::Session& s, std::wstring_view path) {
+std::wstring PathAbsoluteGet(kernel::Session& s, std::wstring_view path) {
   return PathAbsoluteGet(s, path, RootFolderGet(s));
 }
 
-std::wstring PathAbsoluteGet(shell::Session& s, std::wstring_view path, std::wstring_view base) {
+std::wstring PathAbsoluteGet(kernel::Session& s, std::wstring_view path, std::wstring_view base) {
   std::wstring expanded = PathTokensExpand(s, path);
   if (vba::InStr(expanded, base, vba::Compare::Text) == 0 && !vba::Like(expanded, L"\\\\*") &&
       !vba::Like(expanded, L"?:\\*"))
@@ -114,7 +114,7 @@ std::wstring PathAbsoluteGet(shell::Session& s, std::wstring_view path, std::wst
   return expanded;
 }
 
-std::wstring PathRootRelativeGet(shell::Session& s, std::wstring_view path) {
+std::wstring PathRootRelativeGet(kernel::Session& s, std::wstring_view path) {
   std::wstring root = RootFolderGet(s);
   if (!root.empty() && vba::StartsWithText(path, root)) return std::wstring(path.substr(root.size()));
   return std::wstring(path);
@@ -124,8 +124,8 @@ std::wstring PathFolderGet(std::wstring_view path) {
   return vba::Left(path, vba::InStrRev(path, L"\\"));
 }
 
-bool FoldersCreate(shell::Session& s) {
-  return shell::Trap(s, L"modCodeFolders.FoldersCreate", [&] {
+bool FoldersCreate(kernel::Session& s) {
+  return kernel::Trap(s, L"modCodeFolders.FoldersCreate", [&] {
     io::FileSystem& files = s.platform.Files();
     for (int token : {kCode, kLibrary, kFragments, kClasses, kTemplates, kErrorHandlers}) {
       std::wstring folder = TokenFolderGet(s, token);

@@ -1,13 +1,13 @@
 #include "settings/frm_settings.h"
 
-#include "generators/error_handlers.h"
+#include "settings/error_handlers.h"
 #include "io/paths.h"
 #include "settings/folders.h"
 #include "settings/items.h"
 #include "settings/registry.h"
 #include "settings/settings_controls.h"
-#include "shell/errors.h"
-#include "shell/product.h"
+#include "kernel/errors.h"
+#include "kernel/product.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -128,10 +128,10 @@ constexpr const wchar_t* kTipsAtBuilderOpen = L"Show Tips at Builder Open";
 // A per-user value read as a number: shown unless it is 0.
 bool NotZero(const std::wstring& value) { return IniTruth(value).value_or(false); }
 
-bool SettingIsTrue(const shell::Session& s, int item) { return IniTruth(IniText(s.settings[item])).value_or(false); }
+bool SettingIsTrue(const kernel::Session& s, int item) { return IniTruth(IniText(s.settings[item])).value_or(false); }
 
 // Shows or hides a tool window to follow its setting.
-void FollowSetting(shell::Session& s, const host::Ptr<host::Window>& window, int item) {
+void FollowSetting(kernel::Session& s, const host::Ptr<host::Window>& window, int item) {
   if (!window) return;
   bool wanted = SettingIsTrue(s, item);
   if (window->Visible() != wanted) window->SetVisible(wanted);
@@ -142,7 +142,7 @@ std::wstring LabelName(const std::wstring& controlName) { return L"lbl" + contro
 
 }  // namespace
 
-FrmSettings::FrmSettings(shell::Session& s)
+FrmSettings::FrmSettings(kernel::Session& s)
     : BuilderForm(s.ui, L"frmSettings"),
       tabOptions(Add<ui::TabStrip>(L"tabOptions")),
       cmdOK(Add<ui::CommandButton>(L"cmdOK")),
@@ -266,11 +266,11 @@ void FrmSettings::ShowPage(int tab) {
 }
 
 void FrmSettings::FormLoad() {
-  shell::Trap(s_, L"frmSettings.Form_Load", [&] {
+  kernel::Trap(s_, L"frmSettings.Form_Load", [&] {
     tabOptions.SetSelectedItem(tabOptions.Tabs().Item(1));
     ShowPage(0);
     FormLoadSettings(s_, *this);
-    std::vector<std::wstring> handlers = generators::ErrorHandlersList(s_);
+    std::vector<std::wstring> handlers = ErrorHandlersList(s_);
     for (int item : kErrorHandlingCombos)
       if (auto* combo = FindAs<ui::ComboBox>(ItemControlName(*FindItem(item))))
         for (const auto& name : handlers) combo->AddItem(name);
@@ -295,7 +295,7 @@ void FrmSettings::FormLoad() {
 void FrmSettings::FormActivate() {
   if (!firstRun_) return;
   firstRun_ = false;
-  s_.uiHost.MsgBox(L"Please enter your personal data", ui::vbInformation, shell::kAppName);
+  s_.uiHost.MsgBox(L"Please enter your personal data", ui::vbInformation, kernel::kAppName);
 }
 
 void FrmSettings::FormUnload() {
@@ -304,7 +304,7 @@ void FrmSettings::FormUnload() {
 }
 
 void FrmSettings::ApplyClick() {
-  shell::Trap(s_, L"frmSettings.cmdApply_Click", [&] {
+  kernel::Trap(s_, L"frmSettings.cmdApply_Click", [&] {
     // The state at load is kept: a later Apply saves again, even without a new edit.
     if (!vba::EqualsText(ControlsState(*this), initialState_)) {
       FormSaveSettings(s_, *this);
@@ -332,7 +332,7 @@ std::wstring FrmSettings::ExistingFolderOf(const std::wstring& path) const {
 }
 
 void FrmSettings::GetPathClick(int index) {
-  shell::Trap(s_, L"frmSettings.cmdGetPath_Click", [&] {
+  kernel::Trap(s_, L"frmSettings.cmdGetPath_Click", [&] {
     const Picker* picker = FindPicker(index);
     if (!picker) return;
     auto* box = FindAs<ui::TextBox>(ItemControlName(*FindItem(picker->item)));
@@ -382,7 +382,7 @@ std::wstring FrmSettings::FilePick(const std::wstring& defaultFolder, const std:
 
 std::wstring FrmSettings::FolderPick(const std::wstring& startFolder, const std::wstring& title) {
   std::wstring chosen;
-  shell::Trap(s_, L"modFolderChoose.BrowseForFolder",
+  kernel::Trap(s_, L"modFolderChoose.BrowseForFolder",
               [&] { chosen = s_.uiHost.ChooseFolder(title, startFolder).value_or(L""); });
   return chosen;
 }

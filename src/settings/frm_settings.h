@@ -9,16 +9,16 @@
 #include <vector>
 
 #include "settings/apply_watcher.h"
-#include "shell/form_open.h"
+#include "kernel/form_open.h"
 #include "ui/controls.h"
 
 namespace quillet::settings {
 
-class FrmSettings : public shell::BuilderForm {
+class FrmSettings : public kernel::BuilderForm {
  public:
   static constexpr int kTabCount = 11;
 
-  explicit FrmSettings(shell::Session& s);
+  explicit FrmSettings(kernel::Session& s);
 
   // On the first start the dialog asks for the user's personal data as it appears.
   void SetFirstRun(bool firstRun) { firstRun_ = firstRun; }
@@ -52,7 +52,7 @@ class FrmSettings : public shell::BuilderForm {
   // else empty.
   std::wstring ExistingFolderOf(const std::wstring& path) const;
 
-  shell::Session& s_;
+  kernel::Session& s_;
   bool firstRun_ = false;
   std::vector<std::shared_ptr<ApplyWatcher>> watchers_;
   std::wstring initialState_;

@@ -3,7 +3,7 @@
 #include "io/paths.h"
 #include "settings/profile.h"
 #include "settings/text_codec.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -63,7 +63,7 @@ void IniFileItem::Save() {
 
 // ---- section ----
 
-shell::Session& IniFileSection::Session() const { return parent->Session(); }
+kernel::Session& IniFileSection::Session() const { return parent->Session(); }
 
 long IniFileSection::Count() const { return items_ ? items_->Count() : 0; }
 
@@ -80,7 +80,7 @@ IniFileItem& IniFileSection::Item(std::wstring_view key) {
 }
 
 void IniFileSection::Remove(std::wstring_view key) {
-  shell::Trap(Session(), L"Rv_IniFileSection.Remove", [&] {
+  kernel::Trap(Session(), L"Rv_IniFileSection.Remove", [&] {
     if (!items_) vba::Raise(vba::kErrObjectNotSet);
     items_->Remove(key);
   });
@@ -88,7 +88,7 @@ void IniFileSection::Remove(std::wstring_view key) {
 
 IniFileItem* IniFileSection::Add(std::wstring_view key, std::wstring_view value) {
   IniFileItem* added = nullptr;
-  shell::Trap(Session(), L"Rv_IniFileSection.Add", [&] {
+  kernel::Trap(Session(), L"Rv_IniFileSection.Add", [&] {
     if (!items_) vba::Raise(vba::kErrObjectNotSet);
     auto item = std::make_shared<IniFileItem>();
     item->parent = this;
@@ -112,7 +112,7 @@ std::wstring IniFileSection::ContentBuild() const {
 }
 
 void IniFileSection::Save(std::wstring content) {
-  shell::Trap(Session(), L"Rv_IniFileSection.Save", [&] {
+  kernel::Trap(Session(), L"Rv_IniFileSection.Save", [&] {
     if (parent->Name().empty()) return;
     if (content.empty()) content = ContentBuild();
     auto write = [&](const std::optional<std::wstring>& body) {
@@ -172,7 +172,7 @@ void IniFile::SetName(std::wstring_view path) {
 }
 
 void IniFile::ReadData() {
-  shell::Trap(s_, L"Rv_IniFile.ReadData", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.ReadData", [&] {
     auto names = ReadWhole([&](std::wstring& buffer, long size) {
       return ProfileSectionNames(s_.platform.Files(), name_, buffer, size);
     });
@@ -183,7 +183,7 @@ void IniFile::ReadData() {
 
 IniFileSection* IniFile::AddSection(std::wstring_view name, bool isNew) {
   IniFileSection* added = nullptr;
-  shell::Trap(s_, L"Rv_IniFile.AddSection", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.AddSection", [&] {
     auto section = std::make_shared<IniFileSection>();
     section->name = name;
     section->parent = this;
@@ -196,7 +196,7 @@ IniFileSection* IniFile::AddSection(std::wstring_view name, bool isNew) {
 IniFileSection* IniFile::Add(std::wstring_view section, std::optional<std::wstring_view> key,
                              std::wstring_view value) {
   IniFileSection* added = nullptr;
-  shell::Trap(s_, L"Rv_IniFile.Add", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.Add", [&] {
     if (sections_.Exists(section)) vba::Raise(vba::kErrDuplicateKey);
     added = AddSection(section, true);
     if (added && key) added->Add(*key, value);
@@ -206,7 +206,7 @@ IniFileSection* IniFile::Add(std::wstring_view section, std::optional<std::wstri
 
 IniFileSection* IniFile::Item(const Index& index) {
   IniFileSection* found = nullptr;
-  shell::Trap(s_, L"Rv_IniFile.Item", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.Item", [&] {
     if (const long* n = std::get_if<long>(&index))
       found = sections_.Item(*n).get();
     else
@@ -216,7 +216,7 @@ IniFileSection* IniFile::Item(const Index& index) {
 }
 
 void IniFile::DeleteSection(const Index& index) {
-  shell::Trap(s_, L"Rv_IniFile.DeleteSection", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.DeleteSection", [&] {
     if (const long* n = std::get_if<long>(&index))
       sections_.Item(*n)->Delete();
     else
@@ -225,7 +225,7 @@ void IniFile::DeleteSection(const Index& index) {
 }
 
 void IniFile::Save() {
-  shell::Trap(s_, L"Rv_IniFile.Save", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.Save", [&] {
     for (auto& section : sections_) section->Save();
   });
 }
@@ -243,7 +243,7 @@ bool IniFile::ValueExists(std::wstring_view section, std::wstring_view key) cons
 }
 
 void IniFile::SetValue(std::wstring_view section, std::wstring_view key, std::wstring_view value) {
-  shell::Trap(s_, L"Rv_IniFile.Value(Let)", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.Value(Let)", [&] {
     IniFileSection* target = sections_.Exists(section) ? sections_.Item(section).get() : AddSection(section, true);
     if (!target) return;
     if (!ValueExists(section, key) && !target->Add(key, L"")) return;
@@ -264,14 +264,14 @@ std::wstring IniFile::SectionContent(std::wstring_view section) const {
 }
 
 void IniFile::SetValueEx(std::wstring_view section, std::wstring_view key, std::wstring_view value) {
-  shell::Trap(s_, L"Rv_IniFile.ValueEx(Let)", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.ValueEx(Let)", [&] {
     SetValue(section, key, value);
     Save();
   });
 }
 
 void IniFile::RemoveValue(std::wstring_view section, std::wstring_view key) {
-  shell::Trap(s_, L"Rv_IniFile.RemoveValue", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.RemoveValue", [&] {
     IniFileSection::ItemCollection* items = sections_.Item(section)->Items();
     if (!items) vba::Raise(vba::kErrObjectNotSet);
     items->Remove(key);
@@ -279,7 +279,7 @@ void IniFile::RemoveValue(std::wstring_view section, std::wstring_view key) {
 }
 
 void IniFile::AddLine(std::wstring_view line) {
-  shell::Trap(s_, L"Rv_IniFile.AddLine", [&] {
+  kernel::Trap(s_, L"Rv_IniFile.AddLine", [&] {
     if (name_.empty()) vba::Raise(vba::kErrPathFileAccess);
     IniDocument doc = IniDocument::Load(s_.platform.Files(), name_);
     doc.AppendLine(line);

@@ -15,7 +15,7 @@
 #include <variant>
 #include <vector>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::settings {
@@ -69,7 +69,7 @@ class IniFileSection {
   void Initialize();
 
  private:
-  shell::Session& Session() const;
+  kernel::Session& Session() const;
   std::wstring ContentBuild() const;
 
   std::unique_ptr<ItemCollection> items_ = std::make_unique<ItemCollection>();
@@ -81,7 +81,7 @@ class IniFile {
   // A section addressed by its 1-based number or its name.
   using Index = std::variant<long, std::wstring>;
 
-  explicit IniFile(shell::Session& s) : s_(s) {}
+  explicit IniFile(kernel::Session& s) : s_(s) {}
   IniFile(const IniFile&) = delete;
   IniFile& operator=(const IniFile&) = delete;
 
@@ -121,14 +121,14 @@ class IniFile {
   // Appends a raw line to the file at once; the model does not see it.
   void AddLine(std::wstring_view line);
 
-  shell::Session& Session() const { return s_; }
+  kernel::Session& Session() const { return s_; }
 
  private:
   void ReadData();
   IniFileSection* AddSection(std::wstring_view name, bool isNew);
   const IniFileSection* Find(std::wstring_view section) const;
 
-  shell::Session& s_;
+  kernel::Session& s_;
   std::wstring name_;
   SectionCollection sections_;
 };

@@ -5,8 +5,8 @@
 
 #include "io/paths.h"
 #include "settings/profile.h"
-#include "shell/errors.h"
-#include "shell/product.h"
+#include "kernel/errors.h"
+#include "kernel/product.h"
 #include "ui/ui_host.h"
 #include "vba/dates.h"
 #include "vba/numbers.h"
@@ -110,8 +110,8 @@ constexpr std::array<int, 5> kComboItems{kDefaultErrorHandle, kAddErrorHandlingP
                                          kAddErrorHandlingProcedure, kAutoPrefixVariableName};
 
 // The developer's guard of the lookups by number.
-void MissingCase(shell::Session& s, const std::wstring& text) {
-  s.uiHost.MsgBox(text, ui::vbOKOnly, shell::kAppName);
+void MissingCase(kernel::Session& s, const std::wstring& text) {
+  s.uiHost.MsgBox(text, ui::vbOKOnly, kernel::kAppName);
 }
 
 // The INI files of the items, each once, in the order of their first item.
@@ -241,54 +241,54 @@ std::wstring AutoPrefixName(int mode) {
   }
 }
 
-std::wstring Item2Name(shell::Session& s, int item) {
+std::wstring Item2Name(kernel::Session& s, int item) {
   if (const SettingItem* found = FindItem(item)) return found->key;
   MissingCase(s, L"Missing Case in Item2Name" + std::to_wstring(item));
   return {};
 }
 
-int Item2Section(shell::Session& s, int item) {
+int Item2Section(kernel::Session& s, int item) {
   if (const SettingItem* found = FindItem(item)) return found->section;
   MissingCase(s, L"Missing Case in ItemInSection " + std::to_wstring(item));
   return -1;
 }
 
-std::wstring Section2Name(shell::Session& s, int section) {
+std::wstring Section2Name(kernel::Session& s, int section) {
   if (const SettingSection* found = FindSection(section)) return found->name;
   MissingCase(s, L"Missing Case in Section2Name for Section " + std::to_wstring(section));
   return {};
 }
 
-int Section2IniFile(shell::Session& s, int section) {
+int Section2IniFile(kernel::Session& s, int section) {
   if (const SettingSection* found = FindSection(section)) return found->file;
   MissingCase(s, L"Missing Case in Section2IniFile for Section " + std::to_wstring(section));
   return -1;
 }
 
-std::wstring IniFile2Name(shell::Session& s, int file) {
+std::wstring IniFile2Name(kernel::Session& s, int file) {
   std::wstring name = IniFileName(file);
   if (name.empty()) MissingCase(s, L"Missing Case in IniFile2Name for IniFile" + std::to_wstring(file));
   return name;
 }
 
-int Item2Type(shell::Session& s, int item) {
+int Item2Type(kernel::Session& s, int item) {
   if (const SettingItem* found = FindItem(item)) return found->type;
   MissingCase(s, L"Missing Case in Item2IniItemType " + std::to_wstring(item));
   return -1;
 }
 
-std::wstring Item2Control(shell::Session& s, int item) {
+std::wstring Item2Control(kernel::Session& s, int item) {
   if (const SettingItem* found = FindItem(item)) return ItemControlName(*found);
   MissingCase(s, L"Missing Case in Item2Name" + std::to_wstring(item));
   return {};
 }
 
-void SettingsDefaultsSet(shell::Session& s) {
+void SettingsDefaultsSet(kernel::Session& s) {
   for (auto& value : s.settings) value = vba::Variant();
   for (const auto& item : kItems) s.settings[item.number] = DefaultValue(item);
 }
 
-void SettingWrite(shell::Session& s, int item) {
+void SettingWrite(kernel::Session& s, int item) {
   const SettingItem* found = FindItem(item);
   if (!found) return;
   ProfileWriteString(s.platform.Files(), io::JoinPath(s.platform.ProgramFolder(), IniFileOf(*found)),

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "io/filesystem.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/variant.h"
 
 namespace quillet::settings {
@@ -157,18 +157,18 @@ std::wstring AutoPrefixName(int mode);
 
 // The same lookups for the rest of the system by number. A number outside the table is a
 // developer's mistake: a message box says which lookup missed, and the result is empty.
-std::wstring Item2Name(shell::Session& s, int item);
-int Item2Section(shell::Session& s, int item);
-std::wstring Section2Name(shell::Session& s, int section);
-int Section2IniFile(shell::Session& s, int section);
-std::wstring IniFile2Name(shell::Session& s, int file);
-int Item2Type(shell::Session& s, int item);
-std::wstring Item2Control(shell::Session& s, int item);
+std::wstring Item2Name(kernel::Session& s, int item);
+int Item2Section(kernel::Session& s, int item);
+std::wstring Section2Name(kernel::Session& s, int section);
+int Section2IniFile(kernel::Session& s, int section);
+std::wstring IniFile2Name(kernel::Session& s, int file);
+int Item2Type(kernel::Session& s, int item);
+std::wstring Item2Control(kernel::Session& s, int item);
 
 // Every item at its default.
-void SettingsDefaultsSet(shell::Session& s);
+void SettingsDefaultsSet(kernel::Session& s);
 // Writes one item's value from `s.settings` to its INI file at once.
-void SettingWrite(shell::Session& s, int item);
+void SettingWrite(kernel::Session& s, int item);
 
 // For starting a session from a known state (the scenario runner, tests). Every key that
 // its INI file in `programFolder` lacks is written with its default, "Developer" with

@@ -6,9 +6,9 @@
 #include "settings/ini_file.h"
 #include "settings/items.h"
 #include "settings/settings.h"
-#include "shell/errors.h"
-#include "shell/form_open.h"
-#include "shell/product.h"
+#include "kernel/errors.h"
+#include "kernel/form_open.h"
+#include "kernel/product.h"
 #include "ui/ui_host.h"
 #include "vba/collection.h"
 #include "vba/strings.h"
@@ -41,10 +41,10 @@ const std::vector<std::wstring> kShortcutsQuestion{
 
 // Offers a tool window that is switched off; with Yes the setting is on at once, on disk
 // too. True when the user said Yes.
-bool OfferToolWindow(shell::Session& s, int item, const std::vector<std::wstring>& question,
+bool OfferToolWindow(kernel::Session& s, int item, const std::vector<std::wstring>& question,
                      host::Ptr<host::Window>& window) {
   if (s.settings[item].ToBool()) return false;
-  if (s.uiHost.MsgBox(vba::JoinLines(question), ui::vbYesNo | ui::vbQuestion, shell::kAppName) != ui::vbYes)
+  if (s.uiHost.MsgBox(vba::JoinLines(question), ui::vbYesNo | ui::vbQuestion, kernel::kAppName) != ui::vbYes)
     return false;
   s.settings[item] = true;
   SettingWrite(s, item);
@@ -56,7 +56,7 @@ bool OfferToolWindow(shell::Session& s, int item, const std::vector<std::wstring
   return true;
 }
 
-void FirstLoadDialogue(shell::Session& s, bool keyWasMissing) {
+void FirstLoadDialogue(kernel::Session& s, bool keyWasMissing) {
   if (keyWasMissing) {
     SettingsDialogOpen(s, true);
     return;
@@ -66,25 +66,25 @@ void FirstLoadDialogue(shell::Session& s, bool keyWasMissing) {
   SettingsDialogOpen(s, true);
   bool yes = OfferToolWindow(s, kViewCodeExplorerWindow, kCodeExplorerQuestion, s.codeExplorerWindow);
   yes = OfferToolWindow(s, kViewQuilletWindow, kShortcutsQuestion, s.directAccessWindow) || yes;
-  if (yes) s.uiHost.MsgBox(L"Don't forget to dock it", ui::vbOKOnly, shell::kAppName);
+  if (yes) s.uiHost.MsgBox(L"Don't forget to dock it", ui::vbOKOnly, kernel::kAppName);
 }
 
 }  // namespace
 
-void SettingsDialogOpen(shell::Session& s, bool firstRun) {
+void SettingsDialogOpen(kernel::Session& s, bool firstRun) {
   auto form = std::make_unique<FrmSettings>(s);
   form->SetFirstRun(firstRun);
-  shell::FormOpenOptions options;
+  kernel::FormOpenOptions options;
   options.needCodeWindow = false;
   options.callInit = false;
   options.showMode = 1;
-  shell::FormOpen(s, std::move(form), options);
+  kernel::FormOpen(s, std::move(form), options);
 }
 
-void InitializeGlobalVars(shell::Session& s, bool& firstLoad) {
+void InitializeGlobalVars(kernel::Session& s, bool& firstLoad) {
   bool wantDialogue = firstLoad;
   firstLoad = false;
-  shell::Trap(s, L"modIniVarsQuillet.InitializeGlobalVars", [&] {
+  kernel::Trap(s, L"modIniVarsQuillet.InitializeGlobalVars", [&] {
     SettingsDefaultsSet(s);
     // Each file once, in the order of its first item.
     vba::Collection<std::wstring> files;

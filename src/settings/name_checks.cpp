@@ -1,8 +1,8 @@
 #include "settings/name_checks.h"
 
 #include "settings/naming.h"
-#include "shell/errors.h"
-#include "shell/product.h"
+#include "kernel/errors.h"
+#include "kernel/product.h"
 #include "ui/ui_host.h"
 #include "vba/strings.h"
 #include "vba/text.h"
@@ -33,12 +33,12 @@ void NameCharactersCheck(std::wstring_view name) {
   if (!valid) vba::Raise(kErrNameInvalid, NameCheckText(1001));
 }
 
-void NameKeywordCheck(shell::Session& s, std::wstring_view name) {
+void NameKeywordCheck(kernel::Session& s, std::wstring_view name) {
   for (const auto& word : Naming(s).keywords)
     if (vba::EqualsText(word, name)) vba::Raise(kErrNameKeyword, NameCheckText(1003));
 }
 
-void NameUsedCheck(shell::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
+void NameUsedCheck(kernel::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
                    const std::vector<NameLookup>& lookups) {
   bool used = false;
   // Looking is done with errors passed over: a lookup that fails has not found the name.
@@ -65,7 +65,7 @@ void NameUsedCheck(shell::Session& s, std::wstring_view name, bool checkProject,
   if (used) vba::Raise(kErrNameUsed, NameCheckText(1002));
 }
 
-long CheckNewNameIsOK(shell::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
+long CheckNewNameIsOK(kernel::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
                       const std::vector<NameLookup>& lookups) {
   const std::function<void()> checks[] = {
       [&] { NameCharactersCheck(name); },
@@ -82,27 +82,27 @@ long CheckNewNameIsOK(shell::Session& s, std::wstring_view name, bool checkProje
         case kErrNameUsed:
         case kErrNameKeyword: {
           std::wstring text = e.Description() + L" " + NameCheckText(1004) + L"\r\n" + NameCheckText(1005);
-          int answer = s.uiHost.MsgBox(text, ui::vbExclamation | ui::vbYesNoCancel, shell::kAppName);
+          int answer = s.uiHost.MsgBox(text, ui::vbExclamation | ui::vbYesNoCancel, kernel::kAppName);
           if (answer == ui::vbNo || answer == ui::vbCancel) return answer;
           result = ui::vbYes;
           break;
         }
         case kErrNameMissing:
-          s.uiHost.MsgBox(L"Name is missing.", ui::vbExclamation, shell::kAppName);
+          s.uiHost.MsgBox(L"Name is missing.", ui::vbExclamation, kernel::kAppName);
           return kErrNameMissing;
         default:
-          shell::HandleError(s, e, 0, L"basGlobal.CheckNewNameIsOK");
+          kernel::HandleError(s, e, 0, L"basGlobal.CheckNewNameIsOK");
           return result;
       }
     } catch (const std::exception& e) {
-      shell::HandleError(s, shell::InternalError(e), 0, L"basGlobal.CheckNewNameIsOK");
+      kernel::HandleError(s, kernel::InternalError(e), 0, L"basGlobal.CheckNewNameIsOK");
       return result;
     }
   }
   return result;
 }
 
-void ValidateVarName(shell::Session& s, std::wstring& name, bool checkLibrary, const std::vector<NameLookup>& lookups,
+void ValidateVarName(kernel::Session& s, std::wstring& name, bool checkLibrary, const std::vector<NameLookup>& lookups,
                      const std::vector<NameLookup>& libraryLookups) {
   const std::wstring base = name;
   for (long number = 1;; ++number) {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::settings {
@@ -35,11 +35,11 @@ NameLookup LookupIn(const vba::Collection<T>& collection) {
 // a later one that is neither letter, digit nor "_": kErrNameInvalid.
 void NameCharactersCheck(std::wstring_view name);
 // One of the keywords, without regard to case: kErrNameKeyword.
-void NameKeywordCheck(shell::Session& s, std::wstring_view name);
+void NameKeywordCheck(kernel::Session& s, std::wstring_view name);
 // kErrNameUsed when the name is the active project's (with `checkProject`, case counting),
 // is found by one of the lookups, or is a component's (with `checkComponents`, case
 // counting). A lookup that fails counts as not found.
-void NameUsedCheck(shell::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
+void NameUsedCheck(kernel::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
                    const std::vector<NameLookup>& lookups);
 
 // Runs the three checks and warns about each failure with Yes, No and Cancel; Yes goes on
@@ -47,13 +47,13 @@ void NameUsedCheck(shell::Session& s, std::wstring_view name, bool checkProject,
 // warning, 7 (No) or 2 (Cancel) when the user stopped at one, and kErrNameMissing after
 // the box that says the name is missing. Callers proceed on 0 or 6, stay in their dialog
 // on 7 and close it on 2.
-long CheckNewNameIsOK(shell::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
+long CheckNewNameIsOK(kernel::Session& s, std::wstring_view name, bool checkProject, bool checkComponents,
                       const std::vector<NameLookup>& lookups);
 
 // Makes `name` acceptable without asking: while it is a keyword, or is used in the
 // library models (asked for "VBA." + name, with `checkLibrary`) or by the lookups, a
 // number is put behind it (1, 2, ... each replacing the last).
-void ValidateVarName(shell::Session& s, std::wstring& name, bool checkLibrary, const std::vector<NameLookup>& lookups,
+void ValidateVarName(kernel::Session& s, std::wstring& name, bool checkLibrary, const std::vector<NameLookup>& lookups,
                      const std::vector<NameLookup>& libraryLookups = {});
 
 // The name declared behind a declaration keyword: `kind` is one of "Dim", "Const",

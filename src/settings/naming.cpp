@@ -4,7 +4,7 @@
 #include "settings/ini_file.h"
 #include "settings/items.h"
 #include "settings/settings.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "ui/list_controls.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kMaxPrefixes = 5;
 
 // A truth value of the settings; an item that holds no truth value counts as false.
-bool SettingTruth(shell::Session& s, int item) {
+bool SettingTruth(kernel::Session& s, int item) {
   try {
     return s.settings[item].ToBool();
   } catch (const vba::Error&) {
@@ -25,7 +25,7 @@ bool SettingTruth(shell::Session& s, int item) {
   }
 }
 
-std::wstring SettingText(shell::Session& s, int item) { return s.settings[item].ToString(); }
+std::wstring SettingText(kernel::Session& s, int item) { return s.settings[item].ToString(); }
 
 bool StartsWithCase(std::wstring_view word, std::wstring_view prefix) {
   return word.size() >= prefix.size() && word.compare(0, prefix.size(), prefix) == 0;
@@ -55,9 +55,10 @@ void AddPrefix(vba::Collection<Prefix>& prefixes, const std::wstring& key, long 
 
 NamingStandard::NamingStandard() : keywords(KeywordList()) {}
 
-NamingStandard& Naming(shell::Session& s) {
-  if (!s.namingStandard) s.namingStandard = std::make_shared<NamingStandard>();
-  return *s.namingStandard;
+NamingStandard& Naming(kernel::Session& s) {
+  std::shared_ptr<NamingStandard>& standard = s.Slot<NamingStandard>();
+  if (!standard) standard = std::make_shared<NamingStandard>();
+  return *standard;
 }
 
 const std::vector<std::wstring>& KeywordList() {
@@ -82,8 +83,8 @@ bool IsBasicType(std::wstring_view typeName) {
   return false;
 }
 
-void TypePrefixFromIniFile(shell::Session& s) {
-  shell::Trap(s, L"basGlobal.TypePrefixFromIniFile", [&] {
+void TypePrefixFromIniFile(kernel::Session& s) {
+  kernel::Trap(s, L"basGlobal.TypePrefixFromIniFile", [&] {
     NamingStandard& n = Naming(s);
     IniFile ini(s);
     ini.SetName(PrefixStandardsFileGet(s));
@@ -104,8 +105,8 @@ void TypePrefixFromIniFile(shell::Session& s) {
   });
 }
 
-void PrefixesCollectionsCreate(shell::Session& s) {
-  shell::Trap(s, L"basGlobal.PrefixesCollectionsCreate", [&] {
+void PrefixesCollectionsCreate(kernel::Session& s) {
+  kernel::Trap(s, L"basGlobal.PrefixesCollectionsCreate", [&] {
     NamingStandard& n = Naming(s);
     n.prefixesVariable.Clear();
     n.prefixesConstant.Clear();
@@ -140,10 +141,10 @@ void PrefixesCollectionsCreate(shell::Session& s) {
   });
 }
 
-bool WordHasTypePrefix(shell::Session& s, std::wstring_view word, std::wstring& typeName, std::wstring& prefix,
+bool WordHasTypePrefix(kernel::Session& s, std::wstring_view word, std::wstring& typeName, std::wstring& prefix,
                        bool basicOnly) {
   bool found = false;
-  shell::Trap(s, L"basGlobal.WordHasTypePrefix", [&] {
+  kernel::Trap(s, L"basGlobal.WordHasTypePrefix", [&] {
     const NamingStandard& n = Naming(s);
     prefix.clear();
     if (!typeName.empty()) {
@@ -178,15 +179,15 @@ bool WordHasTypePrefix(shell::Session& s, std::wstring_view word, std::wstring& 
   return found;
 }
 
-std::wstring DefaultTypePrefix(shell::Session& s, std::wstring_view typeName) {
+std::wstring DefaultTypePrefix(kernel::Session& s, std::wstring_view typeName) {
   const TypePrefixRow* row = RowOf(Naming(s), typeName);
   return row ? (*row)[1] : std::wstring();
 }
 
-std::wstring PrefixesCheck(shell::Session& s, std::wstring_view word, std::wstring& typeName, long& scope,
+std::wstring PrefixesCheck(kernel::Session& s, std::wstring_view word, std::wstring& typeName, long& scope,
                            std::wstring& scopePrefix, bool isConstant, std::wstring& rest) {
   std::wstring result = L"0; ; ; ";
-  shell::Trap(s, L"basGlobal.PrefixesCheck", [&] {
+  kernel::Trap(s, L"basGlobal.PrefixesCheck", [&] {
     const NamingStandard& n = Naming(s);
     const vba::Collection<Prefix>& prefixes = isConstant ? n.prefixesConstant : n.prefixesVariable;
     std::size_t lower = 0;
@@ -205,7 +206,7 @@ std::wstring PrefixesCheck(shell::Session& s, std::wstring_view word, std::wstri
   return result;
 }
 
-std::wstring NameWithPrefix(shell::Session& s, std::wstring_view name, std::wstring& typeName, ui::ComboBox* combo,
+std::wstring NameWithPrefix(kernel::Session& s, std::wstring_view name, std::wstring& typeName, ui::ComboBox* combo,
                             long& scope, bool isConstant, std::wstring& scopePrefix) {
   std::wstring modeText = SettingText(s, kAutoPrefixVariableName);
   long mode = vba::IsNumeric(modeText) ? static_cast<long>(vba::Val(modeText)) : long{kAutoPrefixBeforeCapital};

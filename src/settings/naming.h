@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/collection.h"
 
 namespace quillet::ui {
@@ -50,7 +50,7 @@ struct NamingStandard {
 };
 
 // The session's naming standard, made (empty, keywords filled) on first use.
-NamingStandard& Naming(shell::Session& s);
+NamingStandard& Naming(kernel::Session& s);
 
 // The 77 words a name may not be, in their order.
 const std::vector<std::wstring>& KeywordList();
@@ -60,28 +60,28 @@ bool IsBasicType(std::wstring_view typeName);
 
 // Rebuilds both prefix lookups from the type table and the scope, argument and constant
 // prefixes of the settings.
-void PrefixesCollectionsCreate(shell::Session& s);
+void PrefixesCollectionsCreate(kernel::Session& s);
 
 // Whether `word` starts with a prefix of the table (case counting). With `typeName` given,
 // only that type's row counts, and `prefix` is the matching prefix or else the type's
 // first one. With `typeName` empty the longest prefix of any row wins (the earlier row on
 // equal length; with `basicOnly` only basic types), and `typeName` receives its type.
-bool WordHasTypePrefix(shell::Session& s, std::wstring_view word, std::wstring& typeName, std::wstring& prefix,
+bool WordHasTypePrefix(kernel::Session& s, std::wstring_view word, std::wstring& typeName, std::wstring& prefix,
                        bool basicOnly);
 // The first prefix of a type, or empty.
-std::wstring DefaultTypePrefix(shell::Session& s, std::wstring_view typeName);
+std::wstring DefaultTypePrefix(kernel::Session& s, std::wstring_view typeName);
 
 // Takes a name apart by the longest whole prefix its lower-case start begins with. On a
 // hit fills `scopePrefix` (the whole prefix), `rest`, `scope` and `typeName` and returns
 // "rest; type; prefix; scope"; without one leaves them and returns "0; ; ; ".
-std::wstring PrefixesCheck(shell::Session& s, std::wstring_view word, std::wstring& typeName, long& scope,
+std::wstring PrefixesCheck(kernel::Session& s, std::wstring_view word, std::wstring& typeName, long& scope,
                            std::wstring& scopePrefix, bool isConstant, std::wstring& rest);
 
 // The name to propose for `name` by the auto-prefix mode of the settings: scope prefix,
 // type tag (with the constant tag for constants) and base. With `combo` the name stays as
 // it is and a type read from the name is selected in the combo instead. A `scope` below 1
 // is taken from the name, as is a missing type.
-std::wstring NameWithPrefix(shell::Session& s, std::wstring_view name, std::wstring& typeName, ui::ComboBox* combo,
+std::wstring NameWithPrefix(kernel::Session& s, std::wstring_view name, std::wstring& typeName, ui::ComboBox* combo,
                             long& scope, bool isConstant, std::wstring& scopePrefix);
 
 }  // namespace quillet::settings

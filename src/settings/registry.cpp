@@ -1,6 +1,6 @@
 #include "settings/registry.h"
 
-#include "shell/product.h"
+#include "kernel/product.h"
 #include "ui/control.h"
 #include "vba/numbers.h"
 
@@ -10,7 +10,7 @@ namespace {
 constexpr const wchar_t* kUserSection = L"Quillet";
 }
 
-std::wstring RegKeyValueGet(const shell::Session& s, std::wstring_view key, std::wstring_view name) {
+std::wstring RegKeyValueGet(const kernel::Session& s, std::wstring_view key, std::wstring_view name) {
   std::optional<std::wstring> value = s.platform.RegistryValue(key, name);
   if (!value) return {};
   std::size_t nul = value->find(L'\0');
@@ -18,30 +18,30 @@ std::wstring RegKeyValueGet(const shell::Session& s, std::wstring_view key, std:
   return *value;
 }
 
-std::wstring EditorFontName(const shell::Session& s) {
+std::wstring EditorFontName(const kernel::Session& s) {
   std::wstring face = RegKeyValueGet(s, kEditorRegistryKey, L"FontFace");
   return face.empty() ? L"Courier New" : face;
 }
 
-std::optional<double> EditorFontSize(const shell::Session& s) {
+std::optional<double> EditorFontSize(const kernel::Session& s) {
   std::wstring height = RegKeyValueGet(s, kEditorRegistryKey, L"FontHeight");
   if (!vba::IsNumeric(height)) return std::nullopt;
   return vba::CDbl(height);
 }
 
-void SetFont(const shell::Session& s, ui::Control& control) {
+void SetFont(const kernel::Session& s, ui::Control& control) {
   ui::FontInfo font = control.Font();
   font.name = EditorFontName(s);
   if (auto size = EditorFontSize(s)) font.size = *size;
   control.SetFont(font);
 }
 
-std::wstring UserSettingGet(const shell::Session& s, std::wstring_view key, std::wstring_view defaultValue) {
-  return s.platform.GetSetting(shell::kAppName, kUserSection, key, defaultValue);
+std::wstring UserSettingGet(const kernel::Session& s, std::wstring_view key, std::wstring_view defaultValue) {
+  return s.platform.GetSetting(kernel::kAppName, kUserSection, key, defaultValue);
 }
 
-void UserSettingSave(shell::Session& s, std::wstring_view key, std::wstring_view value) {
-  s.platform.SaveSetting(shell::kAppName, kUserSection, key, value);
+void UserSettingSave(kernel::Session& s, std::wstring_view key, std::wstring_view value) {
+  s.platform.SaveSetting(kernel::kAppName, kUserSection, key, value);
 }
 
 }  // namespace quillet::settings

@@ -7,7 +7,7 @@
 #include "settings/ini_file.h"
 #include "settings/items.h"
 #include "settings/settings.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "vba/error.h"
@@ -48,9 +48,9 @@ int TruthValue(std::wstring_view text, bool asCheck) {
   return asCheck ? 1 : -1;
 }
 
-void FormLoadSettings(shell::Session& s, ui::Form& form) {
+void FormLoadSettings(kernel::Session& s, ui::Form& form) {
   for (const auto& item : SettingItems()) {
-    shell::Trap(s, L"modIniVarsQuillet.Form_Load_Settings", [&] {
+    kernel::Trap(s, L"modIniVarsQuillet.Form_Load_Settings", [&] {
       ui::Control& control = ItemControl(form, item);
       std::wstring text = IniText(s.settings[item.number]);
       if (auto* check = dynamic_cast<ui::CheckBox*>(&control)) {
@@ -69,14 +69,14 @@ void FormLoadSettings(shell::Session& s, ui::Form& form) {
   }
 }
 
-void FormSaveSettings(shell::Session& s, ui::Form& form) {
+void FormSaveSettings(kernel::Session& s, ui::Form& form) {
   const wchar_t* where = L"modIniVarsQuillet.Form_Save_Settings";
   // One file stays open while the items run through it; the items of the prefix
   // standards lie between those of the user's file, so each change of file saves.
   IniFile ini(s);
   std::wstring attached;
   for (const auto& item : SettingItems()) {
-    shell::Trap(s, where, [&] {
+    kernel::Trap(s, where, [&] {
       std::wstring file = IniFileOf(item);
       if (!vba::EqualsText(file, attached)) {
         if (!ini.Name().empty()) ini.Save();
@@ -97,7 +97,7 @@ void FormSaveSettings(shell::Session& s, ui::Form& form) {
       ini.SetValue(SectionOf(item).name, item.key, text);
     });
   }
-  shell::Trap(s, where, [&] {
+  kernel::Trap(s, where, [&] {
     if (!ini.Name().empty()) ini.Save();
     bool firstLoad = false;
     InitializeGlobalVars(s, firstLoad);
@@ -115,7 +115,7 @@ std::wstring ControlsState(const ui::Form& form) {
   return state;
 }
 
-std::wstring TypePrefixText(shell::Session& s) {
+std::wstring TypePrefixText(kernel::Session& s) {
   std::wstring path = PrefixStandardsFileGet(s);
   if (path.empty() || !s.platform.Files().FileExists(path)) return {};
   IniFile ini(s);
@@ -132,7 +132,7 @@ std::wstring TypePrefixText(shell::Session& s) {
   return text;
 }
 
-void TypePrefixTextSave(shell::Session& s, std::wstring_view text) {
+void TypePrefixTextSave(kernel::Session& s, std::wstring_view text) {
   std::wstring path = PrefixStandardsFileGet(s);
   if (path.empty() || !s.platform.Files().FileExists(path)) return;
   IniFile ini(s);

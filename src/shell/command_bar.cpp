@@ -1,13 +1,13 @@
 #include "shell/command_bar.h"
 
-#include "generators/error_handlers.h"
+#include "settings/error_handlers.h"
 #include "shell/connect.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "shell/global.h"
 #include "shell/menu_tree.h"
-#include "shell/position.h"
-#include "shell/product.h"
-#include "shell/strings.h"
+#include "kernel/position.h"
+#include "kernel/product.h"
+#include "kernel/strings.h"
 #include "vba/encoding.h"
 #include "vba/numbers.h"
 #include "vba/text.h"
@@ -17,13 +17,13 @@ namespace {
 
 constexpr int kAddErrorHandlingProcedure = 29;
 
-long StoredLong(Session& s, std::wstring_view key, std::wstring_view suffix, long defaultValue) {
-  std::wstring text = s.platform.GetSetting(kAppName, L"Quillet", std::wstring(key) + std::wstring(suffix),
+long StoredLong(kernel::Session& s, std::wstring_view key, std::wstring_view suffix, long defaultValue) {
+  std::wstring text = s.platform.GetSetting(kernel::kAppName, L"Quillet", std::wstring(key) + std::wstring(suffix),
                                             std::to_wstring(defaultValue));
   return vba::IsNumeric(text) ? static_cast<long>(vba::Val(text)) : defaultValue;
 }
 
-bool Wanted(Session& s, const MenuNode& node) {
+bool Wanted(kernel::Session& s, const MenuNode& node) {
   switch (node.condition) {
     case MenuNode::kAlways: return true;
     case MenuNode::kTestingMode: return s.testingMode;
@@ -35,11 +35,11 @@ bool Wanted(Session& s, const MenuNode& node) {
   return true;
 }
 
-void AddNodes(Session& s, Connect& connect, host::CommandBar& bar, const std::vector<MenuNode>& nodes,
+void AddNodes(kernel::Session& s, Connect& connect, host::CommandBar& bar, const std::vector<MenuNode>& nodes,
               const host::Ptr<host::CommandBarControl>& parent) {
   for (const MenuNode& node : nodes) {
     if (!Wanted(s, node)) continue;
-    std::wstring tooltip = node.webPath ? std::wstring(kWebSite) + node.webPath : std::wstring();
+    std::wstring tooltip = node.webPath ? std::wstring(kernel::kWebSite) + node.webPath : std::wstring();
     auto control = ToolBarControlAdd(s, bar, node.captionId, node.type, node.beginGroup, node.picture ? node.captionId : 0,
                                      parent, tooltip, false, 0);
     if (node.type == host::kControlPopup) {
@@ -73,7 +73,7 @@ bool OneOf(int id, std::initializer_list<int> ids) {
 
 }  // namespace
 
-host::Ptr<host::CommandBar> ToolBarCreate(Session& s, host::CommandBars& bars, std::wstring_view suffix) {
+host::Ptr<host::CommandBar> ToolBarCreate(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix) {
   host::Ptr<host::CommandBar> bar;
   try {
     bar = bars.Item(L"Quillet");
@@ -100,10 +100,10 @@ host::Ptr<host::CommandBar> ToolBarCreate(Session& s, host::CommandBars& bars, s
   return bar;
 }
 
-void ToolBarDelete(Session& s, host::CommandBars& bars, std::wstring_view suffix) {
+void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix) {
   host::Ptr<host::CommandBar> bar = bars.Item(L"Quillet");
   auto store = [&](const wchar_t* key, long value) {
-    s.platform.SaveSetting(kAppName, L"Quillet", std::wstring(key) + std::wstring(suffix), std::to_wstring(value));
+    s.platform.SaveSetting(kernel::kAppName, L"Quillet", std::wstring(key) + std::wstring(suffix), std::to_wstring(value));
   };
   store(L"ToolbarPos", bar->Position());
   store(L"ToolbarIndex", bar->RowIndex());
@@ -117,12 +117,12 @@ void ToolBarDelete(Session& s, host::CommandBars& bars, std::wstring_view suffix
   }
 }
 
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(Session& s, host::CommandBar& bar, int captionId, int controlType,
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, int captionId, int controlType,
                                                      bool beginGroup, int faceId,
                                                      const host::Ptr<host::CommandBarControl>& parent,
                                                      std::wstring_view tooltip, bool forceCaption, long copyFaceId) {
-  DoEvents(s);
-  const std::wstring& caption = ResString(captionId);
+  kernel::DoEvents(s);
+  const std::wstring& caption = kernel::ResString(captionId);
   host::CommandBarControls& container = parent ? *parent->Controls() : bar.Controls();
   host::Ptr<host::CommandBarControl> control = container.Add(controlType);
   control->SetParameter(std::to_wstring(captionId));
@@ -156,41 +156,41 @@ host::Ptr<host::CommandBarControl> ToolBarControlAdd(Session& s, host::CommandBa
   control->SetTag(parent ? parent->Tag() + L" " + caption : caption);
   if (!tooltip.empty()) {
     bool numeric = vba::IsNumeric(tooltip);
-    control->SetTooltipText(numeric ? ResString(static_cast<int>(vba::Val(tooltip))) : std::wstring(tooltip));
+    control->SetTooltipText(numeric ? kernel::ResString(static_cast<int>(vba::Val(tooltip))) : std::wstring(tooltip));
   }
   return control;
 }
 
-void CommandBarBuild(Session& s, Connect& connect) {
-  Trap(s, L"Connect.ToolBarCreate", [&] {
+void CommandBarBuild(kernel::Session& s, Connect& connect) {
+  kernel::Trap(s, L"Connect.ToolBarCreate", [&] {
     host::Ptr<host::CommandBar> bar = ToolBarCreate(s, s.vbe->CommandBars(), L"");
     AddNodes(s, connect, *bar, CommandBarTree(), nullptr);
   });
 }
 
-void CommandBarRemove(Session& s) {
-  if (s.connectInstance) s.connectInstance->Unhook();
-  Trap(s, L"Connect.ToolBarDelete", [&] { ToolBarDelete(s, s.vbe->CommandBars(), L""); });
+void CommandBarRemove(kernel::Session& s) {
+  if (Connect* c = ConnectOf(s)) c->Unhook();
+  kernel::Trap(s, L"Connect.ToolBarDelete", [&] { ToolBarDelete(s, s.vbe->CommandBars(), L""); });
 }
 
-bool AccessToolBarCreate(Session& s) {
+bool AccessToolBarCreate(kernel::Session& s) {
   bool made = false;
-  Trap(s, L"Connect.AccessToolBarCreate", [&] {
+  kernel::Trap(s, L"Connect.AccessToolBarCreate", [&] {
     host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
     if (!project || project->References()->Item(2)->Name() != L"Access") return;
-    if (!s.hostAccess || !s.hostAccess->CommandBars() || !s.connectInstance) return;
+    if (!s.hostAccess || !s.hostAccess->CommandBars() || !ConnectOf(s)) return;
     host::Ptr<host::CommandBar> bar = ToolBarCreate(s, *s.hostAccess->CommandBars(), s.hostAccess->Name());
     auto button = ToolBarControlAdd(s, *bar, 183, host::kControlButton, false, 183, nullptr, L"", false, 0);
-    s.connectInstance->Hook(L"mnuhControlAdd", button);
+    ConnectOf(s)->Hook(L"mnuhControlAdd", button);
     made = true;
   });
   return made;
 }
 
-void ErrorHandlerList(Session& s, host::CommandBarControl& combo) {
-  Trap(s, L"Connect.ErrorHandlerList", [&] {
+void ErrorHandlerList(kernel::Session& s, host::CommandBarControl& combo) {
+  kernel::Trap(s, L"Connect.ErrorHandlerList", [&] {
     std::wstring wanted = s.settings[kAddErrorHandlingProcedure].ToString();
-    for (const std::wstring& name : generators::ErrorHandlersList(s)) {
+    for (const std::wstring& name : settings::ErrorHandlersList(s)) {
       combo.AddItem(name);
       if (vba::EqualsText(name, wanted)) combo.SetListIndex(combo.ListCount());
     }
@@ -199,7 +199,7 @@ void ErrorHandlerList(Session& s, host::CommandBarControl& combo) {
   });
 }
 
-void MenuItemsUpdate(Session& s) {
+void MenuItemsUpdate(kernel::Session& s) {
   if (!s.vbe) return;
   host::Ptr<host::CommandBar> bar;
   try {
@@ -209,7 +209,7 @@ void MenuItemsUpdate(Session& s) {
   }
   std::wstring name;
   long body = 0;
-  bool inProc = CurrentProcGet(s, true, name, body);
+  bool inProc = kernel::CurrentProcGet(s, true, name, body);
   host::Ptr<host::Window> window = s.vbe->ActiveWindow();
   bool codeWindow = window && window->Type() == host::kCodeWindow;
 

@@ -5,31 +5,31 @@
 #include <string_view>
 
 #include "hostmodel/commandbars.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::shell {
 
 class Connect;
 
 // Builds the bar and its menu and hooks every control to its handler on `connect`.
-void CommandBarBuild(Session& s, Connect& connect);
+void CommandBarBuild(kernel::Session& s, Connect& connect);
 // Stores the bar's position and removes the bar and the Code Explorer's pop-up.
-void CommandBarRemove(Session& s);
+void CommandBarRemove(kernel::Session& s);
 
 // Makes (or finds) the bar "Quillet" in `bars`, at the position stored under keys with
 // `suffix`.
-host::Ptr<host::CommandBar> ToolBarCreate(Session& s, host::CommandBars& bars, std::wstring_view suffix);
+host::Ptr<host::CommandBar> ToolBarCreate(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix);
 // Stores the bar's position under keys with `suffix`, then deletes it.
-void ToolBarDelete(Session& s, host::CommandBars& bars, std::wstring_view suffix);
+void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix);
 // Adds one control to the bar or to `parent`: caption from the string table, picture,
 // style, tag as a path through the menu, tooltip.
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(Session& s, host::CommandBar& bar, int captionId, int controlType,
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, int captionId, int controlType,
                                                      bool beginGroup, int faceId,
                                                      const host::Ptr<host::CommandBarControl>& parent,
                                                      std::wstring_view tooltip, bool forceCaption, long copyFaceId);
 // In testing mode, under Access: Access's own toolbar with the Add Control button.
-bool AccessToolBarCreate(Session& s);
+bool AccessToolBarCreate(kernel::Session& s);
 // Fills the error-handler dropdown with the error handlers, the default one chosen.
-void ErrorHandlerList(Session& s, host::CommandBarControl& combo);
+void ErrorHandlerList(kernel::Session& s, host::CommandBarControl& combo);
 
 }  // namespace quillet::shell

@@ -7,10 +7,10 @@
 #include "io/paths.h"
 #include "settings/frm_settings.h"
 #include "shell/connect.h"
-#include "shell/errors.h"
-#include "shell/form_open.h"
+#include "kernel/errors.h"
+#include "kernel/form_open.h"
 #include "shell/frm_about.h"
-#include "shell/position.h"
+#include "kernel/position.h"
 #include "shell/tips.h"
 #include "vba/strings.h"
 
@@ -103,7 +103,7 @@ bool TypeFamily(const std::wstring& handler, std::wstring& command, std::wstring
 }  // namespace
 
 void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control) {
-  Session& s = s_;
+  kernel::Session& s = s_;
   if (auto it = Statements().find(handler); it != Statements().end()) {
     std::wstring detail = it->second.second;
     return generators::QuilletHandle(s, it->second.first, detail);
@@ -115,20 +115,20 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     return generators::QuilletHandle(s, L"ErrorHandling", text);
   }
   if (vba::EqualsText(handler, L"mnuhAbout")) {
-    FormOpenOptions o;
+    kernel::FormOpenOptions o;
     o.needCodeWindow = false;
     o.callInit = false;
-    return FormOpen(s, std::make_unique<FrmAbout>(s), o);
+    return kernel::FormOpen(s, std::make_unique<FrmAbout>(s), o);
   }
   if (vba::EqualsText(handler, L"mnuhSetting")) {
-    FormOpenOptions o;
+    kernel::FormOpenOptions o;
     o.needCodeWindow = false;
     o.callInit = false;
-    return FormOpen(s, std::make_unique<settings::FrmSettings>(s), o);
+    return kernel::FormOpen(s, std::make_unique<settings::FrmSettings>(s), o);
   }
   if (auto it = Builders().find(handler); it != Builders().end()) {
-    if (!CodeWindowActive(s)) return;
-    return NotAvailable(s, L"the builder " + it->second);
+    if (!kernel::CodeWindowActive(s)) return;
+    return kernel::NotAvailable(s, L"the builder " + it->second);
   }
   if (vba::EqualsText(handler, L"mnuhDirectAccess") || vba::EqualsText(handler, L"mnuhShortcutsAndSearch")) {
     if (s.directAccessWindow) s.directAccessWindow->SetVisible(true);
@@ -153,7 +153,7 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     if (control) s.platform.ShellOpen(control->TooltipText());
     return;
   }
-  if (auto it = Tools().find(handler); it != Tools().end()) return NotAvailable(s, L"the command " + it->second);
+  if (auto it = Tools().find(handler); it != Tools().end()) return kernel::NotAvailable(s, L"the command " + it->second);
   // mnuhTypeItem has a variable but no handler: its item does nothing when clicked.
 }
 

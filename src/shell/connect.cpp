@@ -2,10 +2,10 @@
 
 #include "hostmodel/commandbars.h"
 #include "shell/command_bar.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "shell/global.h"
-#include "shell/position.h"
-#include "shell/timer_form.h"
+#include "kernel/position.h"
+#include "kernel/timer_form.h"
 #include "shell/tips.h"
 #include "io/paths.h"
 
@@ -15,9 +15,22 @@ namespace quillet::shell {
 constexpr int kViewQuilletWindow = 47;
 constexpr int kViewCodeExplorerWindow = 48;
 
+namespace {
+// The session's handle on the connected add-in object.
+struct ConnectInstance {
+  Connect* connect = nullptr;
+};
+}  // namespace
+
+Connect*& ConnectOf(kernel::Session& s) {
+  std::shared_ptr<ConnectInstance>& slot = s.Slot<ConnectInstance>();
+  if (!slot) slot = std::make_shared<ConnectInstance>();
+  return slot->connect;
+}
+
 Connect::~Connect() {
   Unhook();
-  if (s_.connectInstance == this) s_.connectInstance = nullptr;
+  if (ConnectOf(s_) == this) ConnectOf(s_) = nullptr;
 }
 
 void Connect::Hook(const std::wstring& handler, const host::Ptr<host::CommandBarControl>& control) {
@@ -47,25 +60,26 @@ host::Ptr<host::CommandBarControl> Connect::ControlOf(std::wstring_view handler)
 
 void Connect::OnConnection(host::VBE* application, int connectMode) {
   connectMode_ = connectMode;
-  s_.connectInstance = this;
+  ConnectOf(s_) = this;
   s_.vbe = application;
   // Toolbar pictures pass through the clipboard; the user's content comes back at the end.
-  ClipboardContent clip;
-  Trap(s_, L"AddinInstance_OnConnection", [&] {
-    clip = ClipboardSave(s_.platform);
+  kernel::ClipboardContent clip;
+  kernel::Trap(s_, L"AddinInstance_OnConnection", [&] {
+    clip = kernel::ClipboardSave(s_.platform);
     s_.testingMode = s_.platform.Files().FileExists(io::JoinPath(s_.platform.ProgramFolder(), L"testing.txt"));
     s_.showMode = s_.testingMode ? 0 : 1;
-    s_.immediateWindowHandle = ImmediateWindowHandleGet(s_);
+    s_.immediateWindowHandle = kernel::ImmediateWindowHandleGet(s_);
     AddInInitialize(s_);
     s_.currentProjectFile.clear();
-    s_.timerForm = std::make_unique<TimerForm>(s_);
+    s_.timerForm = std::make_unique<kernel::TimerForm>(s_);
+    s_.timerForm->heartbeat = [this] { Heartbeat(s_); };
     s_.timerForm->Load();
     CommandBarBuild(s_, *this);
     DirectAccessToolWindowCreate();
     CodeExplorerToolWindowCreate();
     s_.directAccessWindow->SetVisible(s_.settings[kViewQuilletWindow].ToBool());
     ShowTipAtStartup(s_);
-    ClipboardRestore(s_.platform, clip);
+    kernel::ClipboardRestore(s_.platform, clip);
   });
 }
 
@@ -88,12 +102,12 @@ void Connect::OnAddInsUpdate() {
 }
 
 void Connect::OnDisconnection(int removeMode) {
-  Trap(s_, L"AddinInstance_OnDisconnection", [&] {
+  kernel::Trap(s_, L"AddinInstance_OnDisconnection", [&] {
     CommandBarRemove(s_);
     if (s_.timerForm) s_.timerForm->Unload();
     s_.timerForm.reset();
     ReleaseModels(s_);
-    s_.connectInstance = nullptr;
+    ConnectOf(s_) = nullptr;
     s_.vbe = nullptr;
     s_.directAccessWindow.reset();
     s_.codeExplorerWindow.reset();

@@ -7,14 +7,14 @@
 
 #include "hostmodel/office.h"
 #include "hostmodel/vbe.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/text.h"
 
 namespace quillet::shell {
 
 class Connect {
  public:
-  explicit Connect(Session& s) : s_(s) {}
+  explicit Connect(kernel::Session& s) : s_(s) {}
   ~Connect();
 
   // The editor loads the add-in. `connectMode` 0 means after the host had started.
@@ -23,7 +23,7 @@ class Connect {
   void OnAddInsUpdate();
 
   int ConnectMode() const { return connectMode_; }
-  Session& session() { return s_; }
+  kernel::Session& session() { return s_; }
 
   // The event-carrying variables: each control of the bar is hooked under the name of its
   // handler without "_Click" ("mnuhAddProcedure").
@@ -38,7 +38,7 @@ class Connect {
   void DirectAccessToolWindowCreate();
   void CodeExplorerToolWindowCreate();
 
-  Session& s_;
+  kernel::Session& s_;
   int connectMode_ = 0;
   struct Hooked {
     host::Ptr<host::CommandBarControl> control;
@@ -47,18 +47,21 @@ class Connect {
   std::map<std::wstring, Hooked, vba::TextLess> events_;
 };
 
+// The add-in object connected to the session's editor; nullptr before and after.
+Connect*& ConnectOf(kernel::Session& s);
+
 // ExcelConnect, WordConnect and AccessConnect: each keeps its application in one slot of
 // the session while it is loaded.
 class OfficeConnect {
  public:
-  using Slot = std::shared_ptr<host::OfficeApplication> Session::*;
-  OfficeConnect(Session& s, Slot slot) : s_(s), slot_(slot) {}
+  using Slot = std::shared_ptr<host::OfficeApplication> kernel::Session::*;
+  OfficeConnect(kernel::Session& s, Slot slot) : s_(s), slot_(slot) {}
 
   void OnConnection(std::shared_ptr<host::OfficeApplication> application);
   void OnDisconnection();
 
  private:
-  Session& s_;
+  kernel::Session& s_;
   Slot slot_;
 };
 

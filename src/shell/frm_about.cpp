@@ -1,13 +1,13 @@
 #include "shell/frm_about.h"
 
-#include "shell/product.h"
+#include "kernel/product.h"
 #include "ui/controls.h"
 #include "version.h"
 
 namespace quillet::shell {
 
-FrmAbout::FrmAbout(Session& s)
-    : BuilderForm(s.ui, L"frmAbout"),
+FrmAbout::FrmAbout(kernel::Session& s)
+    : kernel::BuilderForm(s.ui, L"frmAbout"),
       lblTitle(Add<ui::Label>(L"lblTitle")),
       lblVersion(Add<ui::Label>(L"lblVersion")),
       lblSupport(Add<ui::Label>(L"lblSupport")),
@@ -20,7 +20,7 @@ FrmAbout::FrmAbout(Session& s)
   lblVersion.SetCaption(L"Version " + std::to_wstring(kVersionMajor) + L"." + std::to_wstring(kVersionMinor) + L"." +
                         std::to_wstring(kVersionRevision));
   lblVersion.Move(240, 600, 4200, 255);
-  lblSupport.SetCaption(std::wstring(L"Support: ") + kSupportAddress);
+  lblSupport.SetCaption(std::wstring(L"Support: ") + kernel::kSupportAddress);
   lblSupport.Move(240, 960, 4200, 255);
   cmdOK.SetCaption(L"OK");
   cmdOK.Move(3360, 1440, 1095, 375);

@@ -1,13 +1,13 @@
 #pragma once
 // The About box.
-#include "shell/form_open.h"
+#include "kernel/form_open.h"
 #include "ui/controls.h"
 
 namespace quillet::shell {
 
-class FrmAbout : public BuilderForm {
+class FrmAbout : public kernel::BuilderForm {
  public:
-  explicit FrmAbout(Session& s);
+  explicit FrmAbout(kernel::Session& s);
 
   ui::Label& lblTitle;
   ui::Label& lblVersion;

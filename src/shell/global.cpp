@@ -7,21 +7,22 @@
 #include "generators/scope.h"
 #include "settings/settings.h"
 #include "shell/command_bar.h"
-#include "shell/errors.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 #include "ui/ui_host.h"
 
 namespace quillet::shell {
 
-void AddInInitialize(Session& s) {
+void AddInInitialize(kernel::Session& s) {
   bool firstLoad = true;
   settings::InitializeGlobalVars(s, firstLoad);
   settings::TypePrefixFromIniFile(s);
   settings::FoldersCreate(s);
+  s.refreshModels = [&s](const vba::Variant& argument) { ProjectRefresh(s, argument); };
 }
 
-void ProjectInitialize(Session& s, bool reduced) {
-  OutlookFocusRestore(s);
+void ProjectInitialize(kernel::Session& s, bool reduced) {
+  kernel::OutlookFocusRestore(s);
   if (s.testingMode) AccessToolBarCreate(s);
   // Every model is replaced, never merged.
   auto models = std::make_shared<analysis::ProjectModels>();
@@ -30,21 +31,47 @@ void ProjectInitialize(Session& s, bool reduced) {
     models->LibraryFolder.init(s);
     analysis::StdModulesGet(s, models->StdModules);
   }
-  s.models = models;
+  analysis::Models(s) = models;
 }
 
-void ReleaseModels(Session& s) {
-  s.models.reset();
-  s.currentScan.reset();
-  s.scope.reset();
+void ReleaseModels(kernel::Session& s) {
+  analysis::Models(s).reset();
+  analysis::CurrentScan(s).reset();
+  generators::ScopeSlot(s).reset();
 }
 
-void ProjectRefresh(Session& s, const vba::Variant& argument) {
-  if (!s.models) s.models = std::make_shared<analysis::ProjectModels>();
-  analysis::ProjectRefresh(s, *s.models, argument.ToBool());
+void ProjectRefresh(kernel::Session& s, const vba::Variant& argument) {
+  auto& models = analysis::Models(s);
+  if (!models) models = std::make_shared<analysis::ProjectModels>();
+  analysis::ProjectRefresh(s, *models, argument.ToBool());
 }
 
-void MenusEnabledSet(Session& s, bool enabled) {
+void Heartbeat(kernel::Session& s) {
+  if (!s.vbe) return;
+  if (s.vbe->VBProjects()->Count() == 0) {
+    MenusEnabledSet(s, false);
+    s.currentProjectFile.clear();
+    return;
+  }
+  host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject();
+  if (!project) vba::Raise(vba::kErrObjectNotSet);
+  if (s.hostName.empty()) s.hostName = project->References()->Item(2)->Name();
+  if (project->Protection() == host::kLocked) {
+    MenusEnabledSet(s, false);
+    return;
+  }
+  MenusEnabledSet(s, true);
+  MenuItemsUpdate(s);
+  std::wstring file = project->FileName();
+  if (file.empty()) file = L"NewProject";
+  if (!vba::EqualsText(file, s.currentProjectFile)) {
+    s.currentProjectFile = file;
+    ProjectInitialize(s, false);
+    CodeExplorerRefresh(s);
+  }
+}
+
+void MenusEnabledSet(kernel::Session& s, bool enabled) {
   if (!s.vbe) return;
   try {
     s.vbe->CommandBars().Item(L"Quillet")->SetEnabled(enabled);
@@ -57,11 +84,7 @@ void MenusEnabledSet(Session& s, bool enabled) {
   }
 }
 
-void CodeExplorerRefresh(Session& s) {}
+void CodeExplorerRefresh(kernel::Session& s) {}
 
-void DoEvents(Session& s) {
-  s.platform.DoEvents();
-  s.uiHost.DoEvents();
-}
 
 }  // namespace quillet::shell

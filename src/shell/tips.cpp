@@ -4,8 +4,8 @@
 
 #include "io/paths.h"
 #include "settings/registry.h"
-#include "shell/errors.h"
-#include "shell/form_open.h"
+#include "kernel/errors.h"
+#include "kernel/form_open.h"
 #include "ui/controls.h"
 #include "vba/encoding.h"
 #include "vba/numbers.h"
@@ -26,12 +26,12 @@ const wchar_t* SwitchKey(TipTopic topic) {
   return topic == kTipStartup ? L"Show Tips at Startup" : L"Show Tips at Builder Open";
 }
 
-bool TipsWanted(Session& s, TipTopic topic) {
+bool TipsWanted(kernel::Session& s, TipTopic topic) {
   return vba::Variant(settings::UserSettingGet(s, SwitchKey(topic), L"0")).ToBool();
 }
 
 // The tips of a topic: one a line, comment lines left out; none without a file.
-std::vector<std::wstring> ReadTips(Session& s, TipTopic topic) {
+std::vector<std::wstring> ReadTips(kernel::Session& s, TipTopic topic) {
   std::wstring path = io::JoinPath(io::JoinPath(s.platform.ProgramFolder(), L"Tips"), std::wstring(TopicName(topic)) + L".txt");
   std::vector<std::wstring> tips;
   if (!s.platform.Files().FileExists(path)) return tips;
@@ -42,10 +42,10 @@ std::vector<std::wstring> ReadTips(Session& s, TipTopic topic) {
   return tips;
 }
 
-class FrmTip : public BuilderForm {
+class FrmTip : public kernel::BuilderForm {
  public:
-  FrmTip(Session& s, TipTopic topic, std::vector<std::wstring> tips)
-      : BuilderForm(s.ui, L"frmTip"),
+  FrmTip(kernel::Session& s, TipTopic topic, std::vector<std::wstring> tips)
+      : kernel::BuilderForm(s.ui, L"frmTip"),
         lblTitle(Add<ui::Label>(L"lblTitle")),
         lblTip(Add<ui::Label>(L"lblTip")),
         chkShowTips(Add<ui::CheckBox>(L"chkShowTips")),
@@ -98,7 +98,7 @@ class FrmTip : public BuilderForm {
     settings::UserSettingSave(s_, key, std::to_wstring((index + 1) % static_cast<long>(tips_.size())));
   }
 
-  Session& s_;
+  kernel::Session& s_;
   TipTopic topic_;
   std::vector<std::wstring> tips_;
   bool filling_ = false;
@@ -106,18 +106,18 @@ class FrmTip : public BuilderForm {
 
 }  // namespace
 
-void ShowTip(Session& s, TipTopic topic, bool forced) {
-  Trap(s, L"frmTip.ShowTip", [&] {
+void ShowTip(kernel::Session& s, TipTopic topic, bool forced) {
+  kernel::Trap(s, L"frmTip.ShowTip", [&] {
     if (!forced && !TipsWanted(s, topic)) return;
     std::vector<std::wstring> tips = ReadTips(s, topic);
     if (tips.empty()) return;
-    FormOpenOptions o;
+    kernel::FormOpenOptions o;
     o.needCodeWindow = false;
     o.callInit = false;
-    FormOpen(s, std::make_unique<FrmTip>(s, topic, std::move(tips)), o);
+    kernel::FormOpen(s, std::make_unique<FrmTip>(s, topic, std::move(tips)), o);
   });
 }
 
-void ShowTipAtStartup(Session& s) { ShowTip(s, kTipStartup, false); }
+void ShowTipAtStartup(kernel::Session& s) { ShowTip(s, kTipStartup, false); }
 
 }  // namespace quillet::shell

@@ -1,6 +1,6 @@
 #pragma once
 // The tip of the day: short tips per topic, read from the Tips folder beside the program.
-#include "shell/session.h"
+#include "kernel/session.h"
 
 namespace quillet::shell {
 
@@ -16,8 +16,8 @@ enum TipTopic : int {
 
 // Shows the tips of a topic when the user's per-user value asks for them, or always when
 // `forced` (the Help menu's entries).
-void ShowTip(Session& s, TipTopic topic, bool forced);
+void ShowTip(kernel::Session& s, TipTopic topic, bool forced);
 // Shows the startup tips when the user's per-user value asks for them.
-void ShowTipAtStartup(Session& s);
+void ShowTipAtStartup(kernel::Session& s);
 
 }  // namespace quillet::shell

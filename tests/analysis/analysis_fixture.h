@@ -21,7 +21,7 @@ struct AnalysisFixture : ::testing::Test, SessionFixture {
   // What the error reporter was given, delivered or still pending.
   std::wstring Reported() const { return vbe.ImmediateText() + s.pendingMessage; }
 
-  shell::Session& s = session;
+  kernel::Session& s = session;
 };
 
 }  // namespace quillet::test

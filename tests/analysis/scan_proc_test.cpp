@@ -199,10 +199,10 @@ TEST_F(ScanProc, ShowsTheScannedModuleAndLivesInTheSession) {
   vbe.ActivateWindow(vbe.WindowOfType(host::kImmediateWindow));
   ASSERT_NE(vbe.ActiveWindow()->Type(), host::kCodeWindow);
 
-  s.currentScan = std::make_shared<clsScanProc>();
-  s.currentScan->init(s, false);
+  analysis::CurrentScan(s) = std::make_shared<clsScanProc>();
+  analysis::CurrentScan(s)->init(s, false);
   EXPECT_EQ(vbe.ActiveWindow()->Type(), host::kCodeWindow);
-  EXPECT_EQ(s.currentScan->ProcName, L"Add");
+  EXPECT_EQ(analysis::CurrentScan(s)->ProcName, L"Add");
 }
 
 }  // namespace

@@ -13,36 +13,19 @@ namespace {
 
 struct Inserters : ::testing::Test, test::SessionFixture {};
 
-TEST_F(Inserters, DebugPrintGoesInlineOnlyBehindAColonOrOnABlankStart) {
-  auto m = Module(L"Module1", {L"Sub A()", L"    x = 1: ", L"    x = 1", L"End Sub"});
-  Caret(2, 12);
-  generators::CodeInsert(session, L"Debug.Print ", L"Debug.Print ", true, true);
-  EXPECT_EQ(m->Module()->Lines(2, 1), L"    x = 1: Debug.Print ");
-  EXPECT_EQ(Selection(), std::vector<long>({2, 24, 2, 24}));
-  Caret(3, 10);
-  generators::CodeInsert(session, L"Debug.Print ", L"Debug.Print ", true, true);
-  EXPECT_EQ(m->Module()->Lines(3, 2), L"    x = 1\r\n    Debug.Print ");
-  EXPECT_EQ(Selection(), std::vector<long>({4, 17, 4, 17}));
+TEST_F(Inserters, StatementsLandInTheEditorWithCaretAndKeystrokes) {
+  Code(L"Module1", {L"Sub A()", L"    x = 1: |", L"    x = 1", L"End Sub"});
+  generators::CodeInsert(session, L"Debug.Print ", L"Debug.Print ", {.allowInline = true, .spaceBefore = true});
+  EXPECT_EQ(Marked(), std::vector<std::wstring>({L"Sub A()", L"    x = 1: Debug.Print |", L"    x = 1", L"End Sub"}));
 
-  // A name picker's commands always go inline, with a blank in front where it is needed.
-  Caret(3, 8);
-  generators::CodeInsert(session, L"Sheet1", L"Insert Objectname", true, true);
-  EXPECT_EQ(m->Module()->Lines(3, 1), L"    x = Sheet1 1");
-  Caret(3, 5);
-  generators::CodeInsert(session, L"Sheet1", L"Insert Objectname", true, false);
-  EXPECT_EQ(m->Module()->Lines(3, 1), L"    Sheet1x = Sheet1 1");
-}
+  Code(L"Module2", {L"Sub A()", L"|", L"End Sub"});
+  generators::LoopCodeInsert(session, L"While");
+  EXPECT_EQ(Marked(), std::vector<std::wstring>({L"Sub A()", L"    While|", L"        ", L"    Wend", L"End Sub"}));
+  EXPECT_EQ(platform.PendingKeys(), 1u);  // the blank that makes room for the condition
 
-TEST_F(Inserters, WithBlocksPutTheCaretDifferentlyOnBlankAndCodeLines) {
-  auto m = Module(L"Module1", {L"Sub A()", L"", L"    x = 1", L"End Sub"});
-  Caret(2, 1);
+  Code(L"Module3", {L"|"});
   EXPECT_TRUE(generators::WithCodeInsert(session, L"Sheet1"));
-  EXPECT_EQ(m->Module()->Lines(2, 3), L"    With Sheet1\r\n        \r\n    End With");
-  EXPECT_EQ(Selection(), std::vector<long>({3, 9, 3, 9}));  // the body line
-  Caret(5, 5);
-  EXPECT_TRUE(generators::WithCodeInsert(session, L"Range(\"A1\")"));
-  EXPECT_EQ(m->Module()->Lines(6, 1), L"    With Range(\"A1\")");
-  EXPECT_EQ(Selection(), std::vector<long>({6, 21, 6, 21}));  // the With line itself
+  EXPECT_EQ(Marked(), std::vector<std::wstring>({L"    With Sheet1", L"        |", L"    End With"}));
   EXPECT_FALSE(generators::WithCodeInsert(session, L""));
 }
 
@@ -124,8 +107,8 @@ TEST_F(Inserters, ScopeCollectionsFollowTheCaret) {
   EXPECT_TRUE(scope.ProcConsts.Exists(L"cMax"));
   EXPECT_TRUE(scope.ProcLabels.Exists(L"Again"));
   EXPECT_EQ(scope.ModuleProcs(session).Count(), 2);
-  ASSERT_NE(session.currentScan, nullptr);
-  EXPECT_EQ(session.currentScan->ProcTypeStr, L"Function");
+  ASSERT_NE(analysis::CurrentScan(session), nullptr);
+  EXPECT_EQ(analysis::CurrentScan(session)->ProcTypeStr, L"Function");
   EXPECT_EQ(generators::VarTypeGet(session, L"s"), L"String");
   EXPECT_EQ(generators::VarTypeGet(session, L"unknown"), L"");
   EXPECT_EQ(generators::ProcReturnTypeGet(session, L"Total"), L"");  // only libraries answer
@@ -133,8 +116,8 @@ TEST_F(Inserters, ScopeCollectionsFollowTheCaret) {
   Caret(8, 1);  // on End Sub of an empty procedure: still inside
   generators::initialize(session, L"If Then", L"");
   EXPECT_EQ(generators::ScopeOf(session).ProcVars.Count(), 0);
-  ASSERT_NE(session.currentScan, nullptr);
-  EXPECT_EQ(session.currentScan->ProcName, L"Other");
+  ASSERT_NE(analysis::CurrentScan(session), nullptr);
+  EXPECT_EQ(analysis::CurrentScan(session)->ProcName, L"Other");
 }
 
 }  // namespace

@@ -14,9 +14,9 @@ struct Found {
 
 Found FindIn(host::CodeModule& m, const std::wstring& what, long l1, long c1, long l2, long c2, bool whole = false,
              bool matchCase = false, bool pattern = false) {
-  Found f{false, l1, c1, l2, c2};
-  f.ok = m.Find(what, f.l1, f.c1, f.l2, f.c2, whole, matchCase, pattern);
-  return f;
+  host::Selection range(l1, c1, l2, c2);
+  bool ok = m.Find(what, range, {whole, matchCase, pattern});
+  return {ok, range.startLine, range.startColumn, range.endLine, range.endColumn};
 }
 
 TEST(Find, WholeWordCaseAndPattern) {

@@ -41,7 +41,7 @@ class SettingsTest : public ::testing::Test, public test::SessionFixture {
   // Everything the error reporter has written, delivered or still waiting.
   std::string Reported() const { return vba::ToUtf8(vbe.ImmediateText() + s.pendingMessage); }
 
-  shell::Session& s = session;
+  kernel::Session& s = session;
 };
 
 }  // namespace quillet::settings::testing

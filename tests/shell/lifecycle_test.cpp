@@ -2,9 +2,10 @@
 
 #include "hostmodel/memory_commandbars.h"
 #include "../support/fixtures.h"
+#include "analysis/project_models.h"
 #include "settings/items.h"
 #include "shell/connect.h"
-#include "shell/timer_form.h"
+#include "kernel/timer_form.h"
 
 using namespace quillet;
 
@@ -31,10 +32,10 @@ TEST_F(Lifecycle, HeartbeatFollowsProjectsLocksAndFileNames) {
   EXPECT_EQ(session.currentProjectFile, L"C:\\Work\\Book1.xlsm");
   EXPECT_EQ(session.hostName, L"Excel");
   EXPECT_TRUE(bar->Enabled());
-  auto models = session.models;
+  auto models = analysis::Models(session);
   ASSERT_NE(models, nullptr);  // the project change made new models
   clock.Advance(500);
-  EXPECT_EQ(session.models, models);  // the same project: nothing rescanned
+  EXPECT_EQ(analysis::Models(session), models);  // the same project: nothing rescanned
 
   // Locked: disabled, and nothing initialised for it.
   auto locked = vbe.AddProject(L"Locked", L"C:\\Work\\Locked.xlsm");
@@ -68,7 +69,7 @@ TEST_F(Lifecycle, HeartbeatFollowsProjectsLocksAndFileNames) {
 
   connect.OnDisconnection(1);
   EXPECT_EQ(session.vbe, nullptr);
-  EXPECT_EQ(session.models, nullptr);
+  EXPECT_EQ(analysis::Models(session), nullptr);
   EXPECT_EQ(session.timerForm, nullptr);
   clock.Advance(2000);  // no timer runs any more
   EXPECT_EQ(session.currentProjectFile, L"");
@@ -86,7 +87,7 @@ TEST_F(Lifecycle, ConnectionReadsTestingModeAndKeepsTheClipboard) {
   EXPECT_EQ(session.directAccessWindow->Caption(), L"Shortcuts and Search");
   EXPECT_FALSE(session.directAccessWindow->Visible());
   EXPECT_EQ(session.codeExplorerWindow->Caption(), L"Code Explorer");
-  EXPECT_EQ(session.connectInstance, &connect);
+  EXPECT_EQ(shell::ConnectOf(session), &connect);
 }
 
 TEST_F(Lifecycle, OfficeAddInsKeepOnlyApplications) {
@@ -96,7 +97,7 @@ TEST_F(Lifecycle, OfficeAddInsKeepOnlyApplications) {
     std::wstring TypeName() const override { return type; }
     std::wstring Name() const override { return L"Microsoft Access"; }
   };
-  shell::OfficeConnect access(session, &shell::Session::hostAccess);
+  shell::OfficeConnect access(session, &kernel::Session::hostAccess);
   access.OnConnection(std::make_shared<App>(L"Workbook"));
   EXPECT_EQ(session.hostAccess, nullptr);
   access.OnConnection(std::make_shared<App>(L"Application"));

@@ -13,8 +13,9 @@
 #include "hostmodel/memory_vbe.h"
 #include "io/filesystem.h"
 #include "io/project_folder.h"
-#include "shell/session.h"
-#include "ui/test_ui_host.h"
+#include "support/code_markers.h"
+#include "kernel/session.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 
 namespace quillet::test {
@@ -50,13 +51,28 @@ struct EditorFixture {
     vbe.ActivateComponent(c);
     return c;
   }
+  // A module written with its caret or selection as markers ("    x = 1: |", "[[x]]"),
+  // opened as the active code pane with that selection.
+  std::shared_ptr<host::MemoryComponent> Code(const std::wstring& name, const std::vector<std::wstring>& marked,
+                                              int type = host::kStdModule) {
+    MarkedCode code = Unmark(marked);
+    auto c = Module(name, code.lines, type);
+    Pane().SetSelection(code.selection);
+    return c;
+  }
+  // The active module with the selection written into it as markers.
+  std::vector<std::wstring> Marked() {
+    auto module = Pane().CodeModule();
+    std::vector<std::wstring> lines;
+    for (long i = 1; i <= module->CountOfLines(); ++i) lines.push_back(module->Lines(i, 1));
+    return Mark(lines, Pane().GetSelection());
+  }
   host::MemoryCodePane& Pane() { return static_cast<host::MemoryCodePane&>(*vbe.ActiveCodePane()); }
   void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
   void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection(l1, c1, l2, c2); }
   std::vector<long> Selection() {
-    long a, b, c, d;
-    Pane().GetSelection(a, b, c, d);
-    return {a, b, c, d};
+    host::Selection s = Pane().GetSelection();
+    return {s.startLine, s.startColumn, s.endLine, s.endColumn};
   }
   std::wstring Text(const std::shared_ptr<host::MemoryComponent>& c) {
     long n = c->Module()->CountOfLines();
@@ -76,7 +92,7 @@ struct SessionFixture : EditorFixture {
   host::Clock clock;
   ui::TestUiHost uiHost;
   ui::UiContext ui;
-  shell::Session session;
+  kernel::Session session;
 };
 
 }  // namespace quillet::test

@@ -9,7 +9,7 @@
 #include "hostmodel/clock.h"
 #include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/test_ui_host.h"
+#include "support/test_ui_host.h"
 #include "ui/ui_context.h"
 #include "ui/user_input.h"
 

@@ -150,11 +150,11 @@ void ScenarioRunner::Setup(const json& s) {
   vbe_ = std::make_unique<host::MemoryVBE>(*platform_);
   uiHost_ = std::make_unique<RunnerUiHost>(*this);
   ui_ = std::make_unique<ui::UiContext>(*uiHost_, clock_);
-  session_ = std::make_unique<shell::Session>(*platform_, *ui_);
+  session_ = std::make_unique<kernel::Session>(*platform_, *ui_);
   connect_ = std::make_unique<shell::Connect>(*session_);
-  excel_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostExcel);
-  word_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostWord);
-  access_ = std::make_unique<shell::OfficeConnect>(*session_, &shell::Session::hostAccess);
+  excel_ = std::make_unique<shell::OfficeConnect>(*session_, &kernel::Session::hostExcel);
+  word_ = std::make_unique<shell::OfficeConnect>(*session_, &kernel::Session::hostWord);
+  access_ = std::make_unique<shell::OfficeConnect>(*session_, &kernel::Session::hostAccess);
 
   if (s.contains("registry")) {
     if (!s["registry"].is_object()) throw UnreadableInput{"\"registry\" must be an object"};

@@ -13,7 +13,7 @@
 #include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
 #include "shell/connect.h"
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "ui/ui_context.h"
 
 namespace quillet::cli {
@@ -76,7 +76,7 @@ class ScenarioRunner {
   std::unique_ptr<host::MemoryVBE> vbe_;
   std::unique_ptr<RunnerUiHost> uiHost_;
   std::unique_ptr<ui::UiContext> ui_;
-  std::unique_ptr<shell::Session> session_;
+  std::unique_ptr<kernel::Session> session_;
   std::unique_ptr<shell::Connect> connect_;
   std::unique_ptr<shell::OfficeConnect> excel_, word_, access_;
   std::shared_ptr<host::OfficeApplication> excelApp_, wordApp_, accessApp_;

@@ -7,7 +7,7 @@
 #include "generators/quillet.h"
 #include "settings/items.h"
 #include "hostmodel/keystrokes.h"
-#include "shell/errors.h"
+#include "kernel/errors.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/user_input.h"
@@ -44,11 +44,11 @@ void ScenarioRunner::Execute(const json& step) {
     try {
       body();
     } catch (const vba::Error& e) {
-      shell::HandleError(*session_, e, 0, L"quillet script");
+      kernel::HandleError(*session_, e, 0, L"quillet script");
     } catch (const ui::InputRefused&) {
       throw;
     } catch (const std::exception& e) {
-      shell::HandleError(*session_, shell::InternalError(e), 0, L"quillet script");
+      kernel::HandleError(*session_, kernel::InternalError(e), 0, L"quillet script");
     }
   };
   if (kind == "connect") return Connect(0);

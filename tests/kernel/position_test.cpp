@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "../support/fixtures.h"
-#include "shell/position.h"
+#include "kernel/position.h"
 
 using namespace quillet;
 
@@ -36,7 +36,7 @@ struct Position : ::testing::Test, test::SessionFixture {
   Proc At(long line, bool strict) {
     Caret(line, 1);
     Proc p{false, L"(untouched)", -1, false};
-    p.found = shell::CurrentProcGet(session, strict, p.name, p.body, &p.inHeader);
+    p.found = kernel::CurrentProcGet(session, strict, p.name, p.body, &p.inHeader);
     return p;
   }
 };
@@ -68,41 +68,41 @@ TEST_F(Position, StrictLookupRefusesCommentsAboveAndBlanksBehind) {
   Select(1, 1, 6, 3);
   std::wstring name;
   long body;
-  EXPECT_TRUE(shell::CurrentProcGet(session, true, name, body));
+  EXPECT_TRUE(kernel::CurrentProcGet(session, true, name, body));
   EXPECT_EQ(name, L"Add");
 
   // Without a code window the name stays as it was.
   vbe.ActiveCodePane()->Window()->Close();
   name = L"kept";
-  EXPECT_FALSE(shell::CurrentProcGet(session, true, name, body));
+  EXPECT_FALSE(kernel::CurrentProcGet(session, true, name, body));
   EXPECT_EQ(name, L"kept");
 }
 
 TEST_F(Position, IndentsFollowTheCaretAndTheTabWidth) {
   // Column 1 of an empty line with an empty line above: one tab width.
   Caret(12, 1);
-  EXPECT_EQ(shell::CurrentIndentGet(session), 4);
+  EXPECT_EQ(kernel::CurrentIndentGet(session), 4);
   platform.SetRegistryValue(L"Software\\Microsoft\\VBA\\6.0\\Common", L"TabWidth", L"2");
-  EXPECT_EQ(shell::TabSpacesGet(session), L"  ");
-  EXPECT_EQ(shell::CurrentIndentGet(session), 2);
+  EXPECT_EQ(kernel::TabSpacesGet(session), L"  ");
+  EXPECT_EQ(kernel::CurrentIndentGet(session), 2);
   // A blank line below an indented one takes its indent, unless the caret stands further in.
   Caret(7, 1);
-  EXPECT_EQ(shell::LineIndentGet(session, 7), 4);
-  EXPECT_EQ(shell::CurrentIndentGet(session), 4);
+  EXPECT_EQ(kernel::LineIndentGet(session, 7), 4);
+  EXPECT_EQ(kernel::CurrentIndentGet(session), 4);
   Caret(7, 9);
-  EXPECT_EQ(shell::CurrentIndentGet(session), 8);
+  EXPECT_EQ(kernel::CurrentIndentGet(session), 8);
   // On a line with code the caret's column decides.
   Caret(6, 5);
-  EXPECT_EQ(shell::CurrentIndentGet(session), 4);
+  EXPECT_EQ(kernel::CurrentIndentGet(session), 4);
   platform.SetRegistryValue(L"Software\\Microsoft\\VBA\\6.0\\Common", L"TabWidth", L"");
-  EXPECT_EQ(shell::TabSpacesGet(session), L"    ");
+  EXPECT_EQ(kernel::TabSpacesGet(session), L"    ");
 }
 
 TEST_F(Position, CursorMarksBecomeTheCaret) {
   auto c = Module(L"Module2", {L"Sub A()", L"    x = <cursor>1", L"    y = 2<CURSOR>", L"End Sub"});
   Caret(1, 1);
   long line = 1;
-  shell::SetCursor(session, line, false, nullptr);
+  kernel::SetCursor(session, line, false, nullptr);
   EXPECT_EQ(Text(c), L"Sub A()\r\n    x = 1\r\n    y = 2\r\nEnd Sub");
   EXPECT_EQ(line, 3);
   EXPECT_EQ(Selection(), std::vector<long>({3, 10, 3, 10}));
@@ -111,11 +111,11 @@ TEST_F(Position, CursorMarksBecomeTheCaret) {
   c->Module()->ReplaceLine(2, L"    x = <cursor>1");
   Caret(4, 1);
   line = 1;
-  shell::SetCursor(session, line, true, nullptr);
+  kernel::SetCursor(session, line, true, nullptr);
   EXPECT_EQ(c->Module()->Lines(2, 1), L"    x = 1");
   EXPECT_EQ(Selection(), std::vector<long>({4, 1, 4, 1}));
   line = 1;
-  shell::SetCursor(session, line, false, c);
+  kernel::SetCursor(session, line, false, c);
   EXPECT_EQ(line, 1);
   EXPECT_EQ(Selection(), std::vector<long>({4, 1, 4, 1}));
 }
@@ -124,57 +124,57 @@ TEST_F(Position, ReplacingASelectionOverLinesKeepsWhatSurroundsIt) {
   auto c = Module(L"Module2", {L"a = 1 + 2", L"b = 3", L"c = 4 + 5", L"d = 6"});
   Select(1, 5, 3, 6);
   std::wstring text = L"99";
-  shell::CodeReplace(session, text);
+  kernel::CodeReplace(session, text);
   EXPECT_EQ(Text(c), L"a = 99 + 5\r\nd = 6");
   EXPECT_EQ(Selection(), std::vector<long>({1, 7, 1, 7}));
 
   // A caret below the last line writes a new one.
   auto e = Module(L"Module3", {});
   text = L"x";
-  shell::CodeReplace(session, text);
+  kernel::CodeReplace(session, text);
   EXPECT_EQ(Text(e), L"x");
 }
 
 TEST_F(Position, LinesGoUnderTheCaretOrInPlaceOfABlankOne) {
   auto c = Module(L"Module2", {L"Sub A()", L"    x = 1", L"", L"End Sub"});
   Caret(3, 5);
-  shell::CodeLineInsert(session, L"    y = 2", 9);
+  kernel::CodeLineInsert(session, L"    y = 2", 9);
   EXPECT_EQ(Text(c), L"Sub A()\r\n    x = 1\r\n    y = 2\r\nEnd Sub");
   EXPECT_EQ(Selection(), std::vector<long>({3, 9, 3, 9}));
   Caret(2, 3);
-  shell::CodeLineInsert(session, L"    z = 3\r\n    w = 4", 0);
+  kernel::CodeLineInsert(session, L"    z = 3\r\n    w = 4", 0);
   EXPECT_EQ(Text(c), L"Sub A()\r\n    x = 1\r\n    z = 3\r\n    w = 4\r\n    y = 2\r\nEnd Sub");
 
   // CurrentLineGet hands out one end of the selection and the other end's text.
   Select(2, 3, 4, 6);
   long line, column;
-  EXPECT_EQ(shell::CurrentLineGet(session, line, column, true), L"    w = 4");
+  EXPECT_EQ(kernel::CurrentLineGet(session, line, column, true), L"    w = 4");
   EXPECT_EQ(std::vector<long>({line, column}), std::vector<long>({2, 3}));
-  EXPECT_EQ(shell::CurrentLineGet(session, line, column, false), L"    x = 1");
+  EXPECT_EQ(kernel::CurrentLineGet(session, line, column, false), L"    x = 1");
   EXPECT_EQ(std::vector<long>({line, column}), std::vector<long>({4, 6}));
 }
 
 TEST_F(Position, WindowsAndModules) {
-  EXPECT_TRUE(shell::CodeWindowActive(session));
-  EXPECT_TRUE(shell::ModuleExists(session, L"module1"));
-  EXPECT_FALSE(shell::ModuleExists(session, L"Module9"));
+  EXPECT_TRUE(kernel::CodeWindowActive(session));
+  EXPECT_TRUE(kernel::ModuleExists(session, L"module1"));
+  EXPECT_FALSE(kernel::ModuleExists(session, L"Module9"));
   vbe.ActivateWindow(vbe.WindowOfType(host::kImmediateWindow));
-  EXPECT_FALSE(shell::CodeWindowActive(session));
-  EXPECT_TRUE(shell::HostWindowActive(session));
+  EXPECT_FALSE(kernel::CodeWindowActive(session));
+  EXPECT_TRUE(kernel::HostWindowActive(session));
   platform.SetHostInBack(true);
-  EXPECT_FALSE(shell::HostWindowActive(session));
+  EXPECT_FALSE(kernel::HostWindowActive(session));
   platform.SetHostInBack(false);
 
-  long handle = shell::ImmediateWindowHandleGet(session);
+  long handle = kernel::ImmediateWindowHandleGet(session);
   EXPECT_EQ(handle, vbe.WindowOfType(host::kImmediateWindow)->HWnd());
-  EXPECT_EQ(shell::AppPathGet(session), L"C:\\Program Files\\Quillet");
+  EXPECT_EQ(kernel::AppPathGet(session), L"C:\\Program Files\\Quillet");
 
   // Under Outlook its main window is minimised and the editor gets the focus back.
   long outlook = platform.AddForeignWindow(L"rctrl_renwnd32", L"Inbox");
-  shell::OutlookFocusRestore(session);
+  kernel::OutlookFocusRestore(session);
   EXPECT_FALSE(platform.ForeignWindowMinimised(outlook));
   session.hostName = L"Outlook";
-  shell::OutlookFocusRestore(session);
+  kernel::OutlookFocusRestore(session);
   EXPECT_TRUE(platform.ForeignWindowMinimised(outlook));
 }
 

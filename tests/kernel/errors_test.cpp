@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "../support/fixtures.h"
-#include "shell/errors.h"
-#include "shell/timer_form.h"
+#include "kernel/errors.h"
+#include "kernel/timer_form.h"
 
 using namespace quillet;
 
@@ -13,7 +13,7 @@ const std::wstring kBanner = L"[please report to support@quillet.example]\r\nVer
 struct Errors : ::testing::Test, test::SessionFixture {
   Errors() {
     Module(L"Module1", {L"Sub A()", L"End Sub"});
-    session.timerForm = std::make_unique<shell::TimerForm>(session);
+    session.timerForm = std::make_unique<kernel::TimerForm>(session);
     session.timerForm->Load();
     session.timerForm->SetTimer1Interval(0);  // no heartbeat in these tests
   }
@@ -22,9 +22,9 @@ struct Errors : ::testing::Test, test::SessionFixture {
 TEST_F(Errors, ReportLayoutAndOneBannerForTwoErrors) {
   session.currentCommand = L"If Then";
   platform.ClipboardSetText(L"user text");
-  shell::HandleError(session, vba::Error(9), 0, L"basQuillet.IfCodeInsert");
-  shell::HandleError(session, vba::Error(5, L"Bad"), 12, L"", L"", L"");
-  shell::HandleError(session, vba::Error(13), 3, L"m.p", L"basX", L"Proc");
+  kernel::HandleError(session, vba::Error(9), 0, L"basQuillet.IfCodeInsert");
+  kernel::HandleError(session, vba::Error(5, L"Bad"), 12, L"", L"", L"");
+  kernel::HandleError(session, vba::Error(13), 3, L"m.p", L"basX", L"Proc");
   EXPECT_EQ(vbe.ImmediateText(),
             kBanner + L"Quillet.If Then Error - 9: Subscript out of range\r\nbasQuillet.IfCodeInsert\r\n" + kBanner +
                 L"Quillet.If Then Error - 5: Bad\r\nin  line 12\r\n" + kBanner +
@@ -38,8 +38,8 @@ TEST_F(Errors, ReportLayoutAndOneBannerForTwoErrors) {
 TEST_F(Errors, RefusedFocusArmsTheRetryAndKeepsOneBanner) {
   session.immediateWindowHandle = vbe.WindowOfType(host::kImmediateWindow)->HWnd();
   platform.SetHostInBack(true);
-  shell::HandleError(session, vba::Error(9), 0, L"a.b");
-  shell::HandleError(session, vba::Error(5), 0, L"c.d");
+  kernel::HandleError(session, vba::Error(9), 0, L"a.b");
+  kernel::HandleError(session, vba::Error(5), 0, L"c.d");
   EXPECT_EQ(vbe.ImmediateText(), L"");
   EXPECT_EQ(session.timerForm->Timer3Interval(), 1000);
   clock.Advance(1000);  // still refused: the retry stays armed
@@ -56,7 +56,7 @@ TEST_F(Errors, TestingModeShowsABoxAndTheImmediateWindowOpens) {
   session.testingMode = true;
   vbe.WindowOfType(host::kImmediateWindow)->SetVisible(false);
   uiHost.AnswerMsgBox(ui::vbOK);
-  shell::HandleError(session, vba::Error(91), 0, L"x.y");
+  kernel::HandleError(session, vba::Error(91), 0, L"x.y");
   ASSERT_EQ(uiHost.Log().size(), 1u);
   EXPECT_NE(uiHost.Log()[0].find(L"Quillet. Error"), std::wstring::npos);
   EXPECT_NE(uiHost.Log()[0].find(L"48"), std::wstring::npos);  // OK with the exclamation icon
@@ -72,7 +72,7 @@ TEST_F(Errors, ClipboardFormatsSurviveTheReport) {
   for (const auto& c : pictures) {
     platform.ClipboardClear();
     platform.ClipboardSetData(c.format, c.data);
-    shell::HandleError(session, vba::Error(5), 0, L"x");
+    kernel::HandleError(session, vba::Error(5), 0, L"x");
     EXPECT_TRUE(platform.ClipboardHasFormat(c.format));
     EXPECT_EQ(platform.ClipboardGetData(c.format), c.data);
     EXPECT_FALSE(platform.ClipboardHasFormat(host::kCfText));
@@ -80,25 +80,25 @@ TEST_F(Errors, ClipboardFormatsSurviveTheReport) {
   platform.ClipboardClear();
   platform.ClipboardSetText(L"{\\rtf1 x}", host::kCfRtf);
   platform.ClipboardSetText(L"x", host::kCfText);
-  shell::HandleError(session, vba::Error(5), 0, L"x");
+  kernel::HandleError(session, vba::Error(5), 0, L"x");
   EXPECT_EQ(platform.ClipboardGetText(host::kCfRtf), L"{\\rtf1 x}");
   EXPECT_EQ(platform.ClipboardGetText(host::kCfText), L"x");
   // An empty clipboard has nothing to restore: the report it carried stays on it.
   platform.ClipboardClear();
-  shell::HandleError(session, vba::Error(5), 0, L"x");
+  kernel::HandleError(session, vba::Error(5), 0, L"x");
   EXPECT_NE(platform.ClipboardGetText().find(L"5: Invalid procedure call or argument"), std::wstring::npos);
 }
 
 TEST_F(Errors, TrapReportsAndEnds) {
   bool after = false;
-  EXPECT_FALSE(shell::Trap(session, L"basX.Work", [&] {
+  EXPECT_FALSE(kernel::Trap(session, L"basX.Work", [&] {
     vba::Raise(5);
     after = true;
   }));
   EXPECT_FALSE(after);
-  EXPECT_FALSE(shell::Trap(session, L"basX.Other", [&] { throw std::out_of_range("vector"); }));
+  EXPECT_FALSE(kernel::Trap(session, L"basX.Other", [&] { throw std::out_of_range("vector"); }));
   EXPECT_NE(vbe.ImmediateText().find(L"51: Internal error: vector\r\nbasX.Other"), std::wstring::npos);
-  EXPECT_TRUE(shell::Trap(session, L"basX.Fine", [] {}));
+  EXPECT_TRUE(kernel::Trap(session, L"basX.Fine", [] {}));
 }
 
 }  // namespace

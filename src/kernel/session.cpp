@@ -1,14 +1,19 @@
-#include "shell/session.h"
+#include "kernel/session.h"
 
-#include "shell/timer_form.h"
+#include "kernel/timer_form.h"
 #include "ui/form.h"
 #include "ui/ui_context.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 Session::Session(host::Platform& platform, ui::UiContext& ui)
     : platform(platform), ui(ui), uiHost(ui.Host()), clock(ui.Clock()) {}
 
 Session::~Session() = default;
 
-}  // namespace quillet::shell
+void DoEvents(Session& s) {
+  s.platform.DoEvents();
+  s.uiHost.DoEvents();
+}
+
+}  // namespace quillet::kernel

@@ -1,11 +1,11 @@
-#include "shell/position.h"
+#include "kernel/position.h"
 
 #include "vba/error.h"
 #include "vba/numbers.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 namespace {
 
 constexpr const wchar_t* kEditorKey = L"Software\\Microsoft\\VBA\\6.0\\Common";
@@ -15,12 +15,6 @@ constexpr const wchar_t* kCursorMark = L"<cursor>";
 std::wstring LineText(const host::Ptr<host::CodeModule>& module, long line) {
   if (!module || line < 1 || line > module->CountOfLines()) return {};
   return module->Lines(line, 1);
-}
-
-host::Ptr<host::CodeModule> ActiveModule(Session& s) {
-  if (!s.vbe) return nullptr;
-  host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
-  return pane ? pane->CodeModule() : nullptr;
 }
 
 bool EndsInContinuation(const std::wstring& line) { return vba::Right(vba::Trim(line), 1) == L"_"; }
@@ -38,8 +32,7 @@ bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine,
   if (!s.vbe || s.vbe->CodePanesCount() == 0) return false;
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
   if (!pane) return false;
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   host::ProcKind k = host::kProcKind;
   // A caret below the last line (an empty module) is in no procedure.
@@ -65,8 +58,7 @@ std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart)
   if (!s.vbe) return {};
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
   if (!pane) return {};
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   if (useStart) {
     line = sl;
@@ -78,23 +70,38 @@ std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart)
   return LineText(module, sl);
 }
 
-int LineIndentGet(Session& s, long line) {
-  host::Ptr<host::CodeModule> module = ActiveModule(s);
-  long p = FirstNonBlank(LineText(module, line));
+int LineIndent(const CodeView& view, long line) {
+  long p = FirstNonBlank(view.line(line));
   if (p == 1) {
-    std::wstring above = LineText(module, line - 1);
+    std::wstring above = view.line(line - 1);
     if (!vba::Trim(above).empty()) p = FirstNonBlank(above);
   }
   return static_cast<int>(p - 1);
 }
 
-int CurrentIndentGet(Session& s) {
-  long line = 0, column = 1;
-  std::wstring text = CurrentLineGet(s, line, column, false);
-  int indent = LineIndentGet(s, line);
-  if (!(vba::Trim(text).empty() && column - 1 <= indent)) indent = static_cast<int>(column - 1);
-  if (indent == 0) indent = static_cast<int>(TabSpacesGet(s).size());
+int LineIndentGet(Session& s, long line) {
+  std::optional<CodeView> view = ActiveView(s);
+  return view ? LineIndent(*view, line) : 0;
+}
+
+int CurrentIndent(const CodeView& view) {
+  host::Selection at = view.Place();
+  std::wstring text = view.line(at.startLine);
+  int indent = LineIndent(view, at.endLine);
+  if (!(vba::Trim(text).empty() && at.endColumn - 1 <= indent)) indent = static_cast<int>(at.endColumn - 1);
+  if (indent == 0) indent = static_cast<int>(view.tab.size());
   return indent;
+}
+
+int CurrentIndentGet(Session& s) {
+  std::optional<CodeView> view = ActiveView(s);
+  return view ? CurrentIndent(*view) : static_cast<int>(TabSpacesGet(s).size());
+}
+
+std::optional<CodeView> ActiveView(Session& s) {
+  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
+  if (!pane) return std::nullopt;
+  return ViewOf(*pane, TabSpacesGet(s));
 }
 
 std::wstring TabSpacesGet(const Session& s) {
@@ -133,12 +140,12 @@ void SetCursor(Session& s, long& line, bool keepSelection, const host::Ptr<host:
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   long column = 1;
   for (;;) {
-    long foundLine = line, foundColumn = column, endLine = -1, endColumn = -1;
-    if (!module->Find(kCursorMark, foundLine, foundColumn, endLine, endColumn, false, false, false)) return;
-    line = foundLine;
-    column = foundColumn;
+    host::Selection found(line, column, -1, -1);
+    if (!module->Find(kCursorMark, found)) return;
+    line = found.startLine;
+    column = found.startColumn;
     module->ReplaceLine(line, vba::Replace(module->Lines(line, 1), kCursorMark, L"", 1, -1, vba::Compare::Text));
-    if (!keepSelection) pane->SetSelection(line, column, line, column);
+    if (!keepSelection) pane->SetSelection(host::Selection(line, column));
   }
 }
 
@@ -146,8 +153,7 @@ void CodeReplace(Session& s, std::wstring& text) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return;
   host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
+  auto [sl, sc, el, ec] = pane->GetSelection();
   std::wstring startText = LineText(module, sl);
   text = vba::Left(startText, sc - 1) + text;
   std::wstring tail;
@@ -165,25 +171,19 @@ void CodeReplace(Session& s, std::wstring& text) {
   } else {
     module->ReplaceLine(sl, text);
   }
-  pane->SetSelection(sl, base + 1, sl, base + 1);
+  pane->SetSelection(host::Selection(sl, base + 1));
+}
+
+CodeEdit LineInsertEdit(const CodeView& view, const std::wstring& text, long column) {
+  CodeEdit edit = BlockAtLine(view, view.Place().endLine, text);
+  edit.caret = column > 0 ? host::Selection(edit.line, column) : std::optional<host::Selection>();
+  return edit;
 }
 
 void CodeLineInsert(Session& s, const std::wstring& text, long column) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) return;
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  long line = 0, col = 1;
-  std::wstring current = CurrentLineGet(s, line, col, false);
-  if (vba::Trim(current).empty()) {
-    // A blank caret line gives way to the text; a line that does not exist is no obstacle.
-    try {
-      module->DeleteLines(line, 1);
-    } catch (const vba::Error&) {
-    }
-    --line;
-  }
-  module->InsertLines(line + 1, text);
-  if (column > 0) pane->SetSelection(line + 1, column, line + 1, column);
+  std::optional<CodeView> view = ActiveView(s);
+  if (!view) return;
+  ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), LineInsertEdit(*view, text, column));
 }
 
 void OutlookFocusRestore(Session& s) {
@@ -231,4 +231,4 @@ std::wstring AppPathGet(const Session& s) {
   return folder;
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

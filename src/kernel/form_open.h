@@ -4,11 +4,11 @@
 #include <memory>
 #include <optional>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "ui/form.h"
 #include "vba/variant.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 // A dialog that FormOpen opens: its `init` takes up to two arguments.
 class BuilderForm : public ui::Form {
@@ -33,4 +33,4 @@ void FormOpen(Session& s, std::unique_ptr<BuilderForm> form, const FormOpenOptio
 // Drops the modeless forms that have been unloaded since they were opened.
 void ReleaseClosedForms(Session& s);
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -1,4 +1,4 @@
-#include "ui/test_ui_host.h"
+#include "support/test_ui_host.h"
 
 #include "ui/form.h"
 #include "vba/encoding.h"

@@ -1,14 +1,14 @@
-#include "shell/errors.h"
+#include "kernel/errors.h"
 
 #include "hostmodel/platform.h"
-#include "shell/position.h"
-#include "shell/product.h"
-#include "shell/timer_form.h"
+#include "kernel/position.h"
+#include "kernel/product.h"
+#include "kernel/timer_form.h"
 #include "ui/ui_host.h"
 #include "vba/encoding.h"
 #include "version.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 vba::Error InternalError(const std::exception& e) {
   return vba::Error(51, L"Internal error: " + vba::FromUtf8(e.what()));
@@ -132,4 +132,4 @@ void ClipboardRestore(host::Platform& platform, const ClipboardContent& saved) {
   }
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -1,12 +1,11 @@
-#include "shell/form_open.h"
+#include "kernel/form_open.h"
 
 #include <algorithm>
 
-#include "shell/errors.h"
-#include "shell/global.h"
-#include "shell/position.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 void ReleaseClosedForms(Session& s) {
   auto& forms = s.openForms;
@@ -17,7 +16,7 @@ void FormOpen(Session& s, std::unique_ptr<BuilderForm> form, const FormOpenOptio
   Trap(s, L"basCommands.FormOpen", [&] {
     ReleaseClosedForms(s);
     if (o.needCodeWindow && !CodeWindowActive(s)) return;
-    if (o.rescan) ProjectRefresh(s, o.rescanArg);
+    if (o.rescan && s.refreshModels) s.refreshModels(o.rescanArg);
     if (o.callInit) {
       if (o.initArg1.IsEmpty()) form->Init();
       else if (o.initArg2.IsEmpty()) form->Init(o.initArg1);
@@ -33,4 +32,4 @@ void FormOpen(Session& s, std::unique_ptr<BuilderForm> form, const FormOpenOptio
   });
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

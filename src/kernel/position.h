@@ -1,11 +1,13 @@
 #pragma once
 // Where the caret is, which procedure it is in, how far a new line must be indented, and
 // the small editing steps every builder shares.
+#include <optional>
 #include <string>
 
-#include "shell/session.h"
+#include "kernel/code_edit.h"
+#include "kernel/session.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 // Which procedure the caret (the selection's end line) is in. Strict refuses the comment
 // lines above a header and the blank lines behind its End, which the editor counts to the
@@ -17,8 +19,13 @@ bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine,
 std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart);
 // Leading blanks of a line, or of the line above when the line has none.
 int LineIndentGet(Session& s, long line);
+int LineIndent(const CodeView& view, long line);
 // The indent for a statement written at the caret; never 0.
 int CurrentIndentGet(Session& s);
+int CurrentIndent(const CodeView& view);
+// What the statement commands see: the active pane's module and selection, the tab width.
+// Without a code pane: nullopt.
+std::optional<CodeView> ActiveView(Session& s);
 // One indent step as blanks: the editor's tab width, 4 when unknown.
 std::wstring TabSpacesGet(const Session& s);
 // A project exists and a code window is in front.
@@ -33,6 +40,8 @@ void CodeReplace(Session& s, std::wstring& text);
 // Puts `text` under the caret line, or in place of it when it is blank; a `column` above 0
 // sets the caret there on the first inserted line.
 void CodeLineInsert(Session& s, const std::wstring& text, long column);
+// The edit of CodeLineInsert, on a view.
+CodeEdit LineInsertEdit(const CodeView& view, const std::wstring& text, long column);
 // Under Outlook: minimises Outlook's main window and gives the focus back to the editor.
 void OutlookFocusRestore(Session& s);
 long ImmediateWindowHandleGet(Session& s);
@@ -41,4 +50,4 @@ bool HostWindowActive(Session& s);
 // The program's folder, without a final "\".
 std::wstring AppPathGet(const Session& s);
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -1,8 +1,8 @@
-#include "shell/strings.h"
+#include "kernel/strings.h"
 
 #include <unordered_map>
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 const std::wstring& ResString(int id) {
   static const std::unordered_map<int, std::wstring> table = {
@@ -47,4 +47,4 @@ const std::wstring& ResString(int id) {
   return it == table.end() ? none : it->second;
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

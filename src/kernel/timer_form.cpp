@@ -1,11 +1,10 @@
-#include "shell/timer_form.h"
+#include "kernel/timer_form.h"
 
-#include "shell/errors.h"
-#include "shell/global.h"
-#include "shell/session.h"
+#include "kernel/errors.h"
+#include "kernel/session.h"
 #include "vba/text.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 TimerForm::TimerForm(Session& s) : s_(s) {}
 
@@ -38,28 +37,7 @@ void TimerForm::SetTimer3Interval(int64_t ms) { s_.clock.SetInterval(timer3_, ms
 void TimerForm::Timer1() {
   // The editor has no event for a change of project, so the add-in looks twice a second.
   Trap(s_, L"frmTimer.Timer1", [&] {
-    if (!s_.vbe) return;
-    if (s_.vbe->VBProjects()->Count() == 0) {
-      MenusEnabledSet(s_, false);
-      s_.currentProjectFile.clear();
-      return;
-    }
-    host::Ptr<host::VBProject> project = s_.vbe->ActiveVBProject();
-    if (!project) vba::Raise(vba::kErrObjectNotSet);
-    if (s_.hostName.empty()) s_.hostName = project->References()->Item(2)->Name();
-    if (project->Protection() == 1) {
-      MenusEnabledSet(s_, false);
-      return;
-    }
-    MenusEnabledSet(s_, true);
-    MenuItemsUpdate(s_);
-    std::wstring file = project->FileName();
-    if (file.empty()) file = L"NewProject";
-    if (!vba::EqualsText(file, s_.currentProjectFile)) {
-      s_.currentProjectFile = file;
-      ProjectInitialize(s_, false);
-      CodeExplorerRefresh(s_);
-    }
+    if (heartbeat) heartbeat();
   });
 }
 
@@ -81,4 +59,4 @@ void TimerForm::Timer3() {
   if (ImmediateMessageAdd(s_, L"", true)) SetTimer3Interval(0);
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

@@ -2,10 +2,14 @@
 // What the add-in keeps from connection to disconnection: the host objects, the settings,
 // the scan models, the open tool windows. One object per session, passed to everything;
 // nothing of it is global, so that many sessions can run in one process.
+#include <any>
 #include <array>
+#include <map>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
+#include <typeindex>
 #include <vector>
 
 #include "hostmodel/clock.h"
@@ -20,20 +24,8 @@ class UiContext;
 class UiHost;
 }
 
-namespace quillet::settings {
-struct NamingStandard;
-}
-namespace quillet::analysis {
-class clsScanProc;
-struct ProjectModels;
-}
-namespace quillet::generators {
-struct Scope;
-}
+namespace quillet::kernel {
 
-namespace quillet::shell {
-
-class Connect;
 class TimerForm;
 
 // How many numbered settings items exist.
@@ -53,7 +45,6 @@ struct Session {
 
   // The editor given at connection (VBInstance); nullptr before and after.
   host::VBE* vbe = nullptr;
-  Connect* connectInstance = nullptr;
   // The Office applications given by the three small add-ins; nullptr when not loaded.
   std::shared_ptr<host::OfficeApplication> hostExcel, hostWord, hostAccess;
 
@@ -85,21 +76,28 @@ struct Session {
   // Commands of later versions that have said so once in the Immediate window.
   std::set<std::wstring> announcedUnavailable;
 
-  // ---- settings ----
-  // The naming standard: the type-to-prefix table, the prefix lookups derived from it and
-  // the keywords; made on first use by settings::Naming.
-  std::shared_ptr<settings::NamingStandard> namingStandard;
+  // Runs before a builder opens with a rescan: brings the scan models up to date. Set by
+  // the add-in shell at initialisation; nothing to do without it.
+  std::function<void(const vba::Variant& argument)> refreshModels;
 
-  // --- analysis ---
-  // The current scan: the procedure at the caret as the statement builders and the error
-  // handling last read it; nullptr while no procedure was scanned.
-  std::shared_ptr<analysis::clsScanProc> currentScan;
-  // The project's and the libraries' public declarations, replaced at each project change.
-  std::shared_ptr<analysis::ProjectModels> models;
+  // What a feature keeps for the session (the naming standard, the scan models, the scope
+  // of the last command), each behind the handle of its own type. The feature names the
+  // type; the session never needs to know it:
+  //
+  //   std::shared_ptr<analysis::ProjectModels>& models = s.Slot<analysis::ProjectModels>();
+  //   if (!models) models = std::make_shared<analysis::ProjectModels>();
+  template <class T>
+  std::shared_ptr<T>& Slot() {
+    std::any& slot = slots_[std::type_index(typeid(T))];
+    if (!slot.has_value()) slot = std::shared_ptr<T>();
+    return *std::any_cast<std::shared_ptr<T>>(&slot);
+  }
 
-  // ---- generators ----
-  // The scope collections of the statement commands, rebuilt for each command.
-  std::shared_ptr<generators::Scope> scope;
+ private:
+  std::map<std::type_index, std::any> slots_;
 };
 
-}  // namespace quillet::shell
+// Yields to the host: queued keystrokes land, pending outside work runs.
+void DoEvents(Session& s);
+
+}  // namespace quillet::kernel

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 #include "vba/error.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 // Reports an error. `where` is "module.procedure"; `line` the error line or 0.
 void HandleError(Session& s, const vba::Error& err, long line, std::wstring_view where,
@@ -51,4 +51,4 @@ bool Trap(Session& s, std::wstring_view where, F&& body) {
   return false;
 }
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel

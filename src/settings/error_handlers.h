@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "shell/session.h"
+#include "kernel/session.h"
 
-namespace quillet::generators {
+namespace quillet::settings {
 
 // The names of the error-handler fragments: the ".bas" files of the folder without their
 // extension, in the folder's order. A missing folder gives none.
-std::vector<std::wstring> ErrorHandlersList(shell::Session& s);
+std::vector<std::wstring> ErrorHandlersList(kernel::Session& s);
 
-}  // namespace quillet::generators
+}  // namespace quillet::settings

@@ -7,7 +7,7 @@
 
 #include "hostmodel/clock.h"
 
-namespace quillet::shell {
+namespace quillet::kernel {
 
 struct Session;
 
@@ -23,8 +23,10 @@ class TimerForm {
   void Unload();
   bool Loaded() const { return loaded_; }
 
-  // The heartbeat, every 500 milliseconds from loading on.
+  // The heartbeat, every 500 milliseconds from loading on: runs `heartbeat`, which the
+  // add-in shell sets, under the error trap.
   void Timer1();
+  std::function<void()> heartbeat;
   int64_t Timer1Interval() const;
   void SetTimer1Interval(int64_t ms);
 
@@ -46,4 +48,4 @@ class TimerForm {
   std::wstring delayedForm_, delayedText_;
 };
 
-}  // namespace quillet::shell
+}  // namespace quillet::kernel
