@@ -2,6 +2,7 @@
 // dispatcher, builders through FormOpen, the rest to plain procedures.
 #include <map>
 
+#include "codetools/numbering.h"
 #include "generators/quillet.h"
 #include "hostmodel/commandbars.h"
 #include "io/paths.h"
@@ -75,8 +76,6 @@ const std::map<std::wstring, std::wstring, vba::TextLess>& Tools() {
   static const std::map<std::wstring, std::wstring, vba::TextLess> table = {
       {L"mnuhQLTImportFile", L"Import File"},
       {L"mnuhQLTExportFile", L"Export File"},
-      {L"mnuhLineNumbersAdd", L"Line Numbers Add"},
-      {L"mnuhLineNumbersRemove", L"Line Numbers Remove"},
       {L"mnuhObjectInventory", L"Object Inventory"},
       {L"mnuhAddControl", L"Add Control"},
       {L"mnuhControlAdd", L"Add Control"},
@@ -153,6 +152,8 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     if (control) s.platform.ShellOpen(control->TooltipText());
     return;
   }
+  if (vba::EqualsText(handler, L"mnuhLineNumbersAdd")) return codetools::LineNumbers(s, codetools::kAddNumbers);
+  if (vba::EqualsText(handler, L"mnuhLineNumbersRemove")) return codetools::LineNumbers(s, codetools::kRemoveNumbers);
   if (auto it = Tools().find(handler); it != Tools().end()) return NotAvailable(s, L"the command " + it->second);
   // mnuhTypeItem has a variable but no handler: its item does nothing when clicked.
 }
