@@ -1,11 +1,6 @@
 #include "codetools/vb2html.h"
 
-#include "analysis/proc_def.h"
 #include "codetools/vba_scan.h"
-#include "io/paths.h"
-#include "settings/file_objects.h"
-#include "shell/errors.h"
-#include "vba/like.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -15,11 +10,27 @@ namespace {
 // The longest run the page's inner loops walk, as a guard.
 constexpr std::size_t kStepLimit = 9999999;
 
-// Writes the page's HTML while the scan reports; `text` is the code with "<" and ">"
-// already escaped, as the scan sees it.
+// "<" and ">" as the page writes them.
+std::wstring Escaped(std::wstring_view code) {
+  std::wstring text;
+  text.reserve(code.size() + 64);
+  for (wchar_t c : code) {
+    if (c == L'<') text.append(L"&lt;", 4);
+    else if (c == L'>') text.append(L"&gt;", 4);
+    else text.push_back(c);
+  }
+  return text;
+}
+
+// Writes the page's HTML while the scan reports. The page escapes "<" and ">" before it
+// scans; since neither can be part of a word, scanning the code as it is and escaping
+// what is written gives the same page, and only "Rem", which counts positions, needs the
+// escaped text itself.
 class HtmlWriter {
  public:
-  explicit HtmlWriter(std::wstring_view text) : text_(text) { out.reserve(text.size() * 2 + 64); }
+  // The page is four to five times as long as the code; reserving it whole spares the
+  // copies of growing, and what is never written is never touched.
+  explicit HtmlWriter(std::wstring_view text) : text_(text) { out.reserve(text.size() * 6 + 64); }
 
   std::size_t Word(std::size_t start, std::size_t length, std::size_t at) {
     std::wstring_view word = text_.substr(start, length);
@@ -30,15 +41,19 @@ class HtmlWriter {
     if (!hit.function && !hit.statement) out.append(word);
     return at;
   }
-  void String(std::size_t start, std::size_t length) { out.append(text_.substr(start, length)); }
+  void String(std::size_t start, std::size_t length) { AppendEscaped(text_.substr(start, length)); }
   void Comment(std::size_t start, std::size_t length) {
-    out.append(L"<font color=#008000>").append(text_.substr(start, length)).append(L"</font><br>");
+    out.append(L"<font color=#008000>", 20);
+    AppendEscaped(text_.substr(start, length));
+    out.append(L"</font><br>", 11);
   }
   std::size_t Other(std::size_t at, wchar_t c) {
     switch (c) {
-      case L'\r': out.append(L"<br>"); break;
+      case L'\r': out.append(L"<br>", 4); break;
       case L'\n': break;
-      case L' ': out.append(L"&nbsp;"); break;
+      case L' ': out.append(L"&nbsp;", 6); break;
+      case L'<': out.append(L"&lt;", 4); break;
+      case L'>': out.append(L"&gt;", 4); break;
       default: out.push_back(c);
     }
     return at;
@@ -51,47 +66,51 @@ class HtmlWriter {
   std::wstring out;
 
  private:
-  void Tagged(const wchar_t* open, const std::wstring& word) { out.append(open).append(word).append(L"</font>"); }
+  void Tagged(const wchar_t* open, const std::wstring& word) {
+    out.append(open, 20).append(word).append(L"</font>", 7);
+  }
+  void AppendEscaped(std::wstring_view piece) {
+    for (std::size_t from = 0;;) {
+      std::size_t at = piece.find_first_of(L"<>", from);
+      out.append(piece.substr(from, at == std::wstring_view::npos ? std::wstring_view::npos : at - from));
+      if (at == std::wstring_view::npos) return;
+      out.append(piece[at] == L'<' ? L"&lt;" : L"&gt;", 4);
+      from = at + 1;
+    }
+  }
 
-  // "Rem" makes a comment of the text from the character before it on. Its end is sought
-  // where the page (not the code) holds a line break at the scan's position, which it
-  // nearly never does: the rest of the code comes out as one comment and the scan ends.
+  // "Rem" makes a comment of the escaped text from the character before it on. Its end is
+  // sought where the page (not the code) holds a line break at the scan's position, which
+  // it nearly never does: the rest of the code comes out as one comment and the scan ends.
   std::size_t Rem(std::size_t at) {
+    std::wstring escaped = Escaped(text_);
+    std::size_t escapedAt = at;
+    for (std::size_t k = 0; k < at; ++k)
+      if (text_[k] == L'<' || text_[k] == L'>') escapedAt += 3;
     std::size_t steps = kStepLimit;
-    std::size_t lineBreak = at < out.size() ? out.find(L"\r\n", at) : std::wstring::npos;
-    if (lineBreak != std::wstring::npos && lineBreak - at < kStepLimit) steps = lineBreak - at;
-    std::size_t start = at >= 4 ? at - 4 : 0;
-    std::size_t length = 3 + steps;
+    std::size_t lineBreak = escapedAt < out.size() ? out.find(L"\r\n", escapedAt) : std::wstring::npos;
+    if (lineBreak != std::wstring::npos && lineBreak - escapedAt < kStepLimit) steps = lineBreak - escapedAt;
+    std::size_t start = escapedAt >= 4 ? escapedAt - 4 : 0;
     out.append(L"<font color=#008000>")
-        .append(start < text_.size() ? text_.substr(start, length) : std::wstring_view())
+        .append(start < escaped.size() ? std::wstring_view(escaped).substr(start, 3 + steps) : std::wstring_view())
         .append(L"</font>");
-    return at + steps;
+    // Back to a position of the code: the character whose escaped form holds the target.
+    std::size_t target = escapedAt + steps, position = 0;
+    for (std::size_t k = 0; k < text_.size(); ++k) {
+      position += text_[k] == L'<' || text_[k] == L'>' ? 4 : 1;
+      if (position > target) return k;
+    }
+    return text_.size();
   }
 
   std::wstring_view text_;
 };
 
-std::wstring Escaped(std::wstring_view code) {
-  std::wstring text;
-  text.reserve(code.size() + code.size() / 8);
-  for (wchar_t c : code) {
-    if (c == L'<') text.append(L"&lt;");
-    else if (c == L'>') text.append(L"&gt;");
-    else text.push_back(c);
-  }
-  return text;
-}
-
-// The charset the page declares. The system's browser is asked where it can be; the
-// platform here offers none, so the default of the editor's code page applies.
-std::wstring DefaultCharset() { return L"windows-1252"; }
-
 }  // namespace
 
 std::wstring VB2HTML(std::wstring_view code) {
-  std::wstring text = Escaped(code);
-  HtmlWriter writer(text);
-  ScanVba(text, writer);
+  HtmlWriter writer(code);
+  ScanVba(code, writer);
   return std::move(writer.out);
 }
 
@@ -109,65 +128,6 @@ std::wstring HtmlPage(std::wstring_view templateText, std::wstring_view html, st
   page = vba::Replace(page, L"[title]", procedureName.empty() ? moduleName : procedureName);
   page = vba::Replace(page, L"[charset]", charset);
   return vba::Replace(page, L"[code]", html);
-}
-
-void ViewHTML(shell::Session& s, std::wstring_view html, std::wstring_view moduleName,
-              std::wstring_view procedureName) {
-  shell::Trap(s, L"docCodeExplorer.ViewHTML", [&] {
-    std::wstring folder = s.platform.ProgramFolder();
-    if (!vba::EndsWithText(folder, L"\\")) folder += L"\\";
-    std::wstring templateText;
-    settings::File templateFile(s, folder + kHtmlTemplateFile);
-    templateFile.silent = true;  // a missing template is the ordinary case
-    if (s.platform.Files().FileExists(templateFile.FullName())) templateText = templateFile.ReadFile();
-    if (templateText.empty()) templateText = DefaultHtmlTemplate();
-    std::wstring page = HtmlPage(templateText, html, moduleName, procedureName, DefaultCharset());
-    std::wstring target = io::JoinPath(s.platform.TempFolder(), kHtmlPageFile);
-    settings::File pageFile(s, target);
-    if (!pageFile.WriteFile(page)) return;
-    s.platform.ShellOpen(target);
-  });
-}
-
-std::wstring ProcedureCode(shell::Session& s, const host::Ptr<host::VBComponent>& component,
-                           std::wstring_view procedureName, host::ProcKind kind) {
-  std::wstring code;
-  shell::Trap(s, L"docCodeExplorer.ProcedureCode", [&] {
-    int pointer = s.platform.MousePointer();
-    s.platform.SetMousePointer(host::kPointerHourglass);
-    struct Restore {
-      host::Platform& p;
-      int pointer;
-      ~Restore() { p.SetMousePointer(pointer); }
-    } restore{s.platform, pointer};
-    auto module = component->CodeModule();
-    if (vba::Like(procedureName, L"(Declaration)")) {
-      long n = module->CountOfDeclarationLines();
-      code = n > 0 ? module->Lines(1, n) : std::wstring();
-      return;
-    }
-    analysis::Rv_ProcDef def;
-    auto project = component->Collection() ? component->Collection()->Parent() : nullptr;
-    def.init(s, project ? project->Name() : std::wstring(), *module, procedureName, kind);
-    code = def.ProcCode;
-  });
-  return code;
-}
-
-void Convert2HTML(shell::Session& s, const host::Ptr<host::VBComponent>& component,
-                  std::wstring_view procedureName, host::ProcKind kind) {
-  shell::Trap(s, L"docCodeExplorer.Convert2HTML", [&] {
-    if (!component) return;
-    std::wstring code;
-    if (procedureName.empty()) {
-      auto module = component->CodeModule();
-      long n = module->CountOfLines();
-      code = n > 0 ? module->Lines(1, n) : std::wstring();
-    } else {
-      code = ProcedureCode(s, component, procedureName, kind);
-    }
-    ViewHTML(s, VB2HTML(code), component->Name(), procedureName);
-  });
 }
 
 }  // namespace quillet::codetools

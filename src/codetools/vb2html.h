@@ -1,12 +1,9 @@
 #pragma once
 // VBA source as a coloured web page: VB2HTML makes the HTML of the code, HtmlPage puts it
-// into the page template, ViewHTML writes the page to the temporary folder and opens it.
+// into the page template (ViewHTML, in view_html.h, shows it).
 //   std::wstring page = HtmlPage(DefaultHtmlTemplate(), VB2HTML(code), L"Module1", L"", L"utf-8");
 #include <string>
 #include <string_view>
-
-#include "hostmodel/vbe.h"
-#include "shell/session.h"
 
 namespace quillet::codetools {
 
@@ -26,17 +23,5 @@ std::wstring HtmlPage(std::wstring_view templateText, std::wstring_view html, st
 inline constexpr const wchar_t* kHtmlTemplateFile = L"vb2htmltemplate.htm";
 // The page written into the temporary folder.
 inline constexpr const wchar_t* kHtmlPageFile = L"vb2html.htm";
-
-// Puts `html` into the template beside the program (or the default), writes it to the
-// temporary folder as "vb2html.htm" and opens it with the shell.
-void ViewHTML(shell::Session& s, std::wstring_view html, std::wstring_view moduleName,
-              std::wstring_view procedureName);
-// The code of one procedure of a component, or its declarations for "(Declaration)".
-std::wstring ProcedureCode(shell::Session& s, const host::Ptr<host::VBComponent>& component,
-                           std::wstring_view procedureName, host::ProcKind kind);
-// Shows a component (no procedure name) or one of its procedures as a page: what the Code
-// Explorer's "Convert to HTML" does for the selected node.
-void Convert2HTML(shell::Session& s, const host::Ptr<host::VBComponent>& component,
-                  std::wstring_view procedureName = {}, host::ProcKind kind = host::kProcKind);
 
 }  // namespace quillet::codetools

@@ -4,6 +4,7 @@
 #include "codetools/colorize.h"
 #include "codetools/vb2html.h"
 #include "codetools/vba_scan.h"
+#include "codetools/view_html.h"
 #include "ui/form.h"
 #include "ui/rich_text_box.h"
 
@@ -44,6 +45,9 @@ TEST(VbToHtml, RemMakesTheRestOfTheTextOneComment) {
             L"x&nbsp;=&nbsp;1<br>&nbsp;&nbsp;" + kGreen + L" Rem old\r\ny = 2" + kEnd + L"&nbsp;&nbsp;");
   EXPECT_EQ(VB2HTML(L"Rem x"), kGreen + L"Rem x" + kEnd + L"&nbsp;&nbsp;");
   EXPECT_EQ(VB2HTML(L"Remark"), L"Remark");
+  // Positions count in the escaped text: the character before "Rem" may be the end of "&lt;".
+  EXPECT_EQ(VB2HTML(L"a<b Rem c>d"), L"a&lt;b&nbsp;" + kGreen + L" Rem c&gt;d" + kEnd + L"&nbsp;&nbsp;");
+  EXPECT_EQ(VB2HTML(L"<Rem x"), L"&lt;" + kGreen + L";Rem x" + kEnd + L"&nbsp;&nbsp;");
 }
 
 TEST(VbToHtml, KeywordListsKeepTheirOrderAndFirstSpelling) {
