@@ -9,7 +9,7 @@ cd "$(dirname "$0")"
 job=${1:-demo}
 build=${QUILLET_BUILD:-build}
 
-packages=(g++ cmake ninja-build libgtest-dev libgmock-dev nlohmann-json3-dev libcpp-httplib-dev)
+packages=(g++ cmake ninja-build libgtest-dev libgmock-dev nlohmann-json3-dev libcpp-httplib-dev chromium)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

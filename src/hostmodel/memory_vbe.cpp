@@ -128,7 +128,16 @@ io::ModuleFile MemoryComponent::File() const {
 }
 
 void MemoryComponent::Export(std::wstring_view path) {
-  vbe_.Platform().Files().WriteFile(path, io::SerializeModuleFile(File()));
+  // The editor writes its own format, whatever the module was loaded from: CR LF,
+  // Windows-1252, a line end behind the last line; a form's designer part goes beside it.
+  io::ModuleFile f = File();
+  f.encoding = io::TextEncoding::Windows1252;
+  f.lineEnd = io::LineEnd::CrLf;
+  f.finalLineEnd = true;
+  io::FileSystem& fs = vbe_.Platform().Files();
+  fs.WriteFile(path, io::SerializeModuleFile(f));
+  if (type_ == kMSForm && !f.designer.empty())
+    fs.WriteFile(io::JoinPath(io::FolderOf(path), io::DesignerFileName(f, path)), f.designer);
 }
 
 void MemoryComponent::Activate() {
@@ -234,7 +243,7 @@ Ptr<VBComponent> MemoryProject::Import(std::wstring_view path) {
   if (!fs.FileExists(path)) vba::Raise(vba::kErrFileNotFound, L"File not found: " + std::wstring(path));
   io::ModuleFile file = io::ParseModuleFile(fs.ReadFile(path), io::FileNameOf(path));
   if (file.type == kMSForm) {
-    std::wstring frx = std::wstring(path.substr(0, path.size() - io::ExtensionOf(path).size())) + L".frx";
+    std::wstring frx = io::JoinPath(io::FolderOf(path), io::DesignerFileName(file, path));
     if (fs.FileExists(frx)) file.designer = fs.ReadFile(frx);
   }
   // Importing under a name in use gives the next free name, as the editor does.

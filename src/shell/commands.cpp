@@ -2,6 +2,8 @@
 // dispatcher, builders through FormOpen, the rest to plain procedures.
 #include <map>
 
+#include "codetools/code_window.h"
+#include "codetools/numbering.h"
 #include "generators/quillet.h"
 #include "hostmodel/commandbars.h"
 #include "io/paths.h"
@@ -49,8 +51,6 @@ const std::map<std::wstring, std::pair<std::wstring, std::wstring>, vba::TextLes
       {L"mnuhForEachNext", {L"ForEachNext", L""}},
       {L"mnuhForNext", {L"ForNext", L""}},
       {L"mnuhWhile", {L"While", L""}},
-      {L"mnuhCommentLinesAdd", {L"Comment Lines Add", L""}},
-      {L"mnuhCommentLinesRemove", {L"Comment Lines Remove", L""}},
       {L"mnuhDebugPrint", {L"Debug.Print ", L""}},
   };
   return table;
@@ -73,10 +73,6 @@ const std::map<std::wstring, std::wstring, vba::TextLess>& Builders() {
 // Handlers that go to plain procedures of later versions, with what the user asked for.
 const std::map<std::wstring, std::wstring, vba::TextLess>& Tools() {
   static const std::map<std::wstring, std::wstring, vba::TextLess> table = {
-      {L"mnuhQLTImportFile", L"Import File"},
-      {L"mnuhQLTExportFile", L"Export File"},
-      {L"mnuhLineNumbersAdd", L"Line Numbers Add"},
-      {L"mnuhLineNumbersRemove", L"Line Numbers Remove"},
       {L"mnuhObjectInventory", L"Object Inventory"},
       {L"mnuhAddControl", L"Add Control"},
       {L"mnuhControlAdd", L"Add Control"},
@@ -153,6 +149,12 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     if (control) s.platform.ShellOpen(control->TooltipText());
     return;
   }
+  if (vba::EqualsText(handler, L"mnuhCommentLinesAdd")) return codetools::CommentLinesAdd(s);
+  if (vba::EqualsText(handler, L"mnuhCommentLinesRemove")) return codetools::CommentLinesRemove(s);
+  if (vba::EqualsText(handler, L"mnuhQLTImportFile")) return (void)codetools::ImportFile(s);
+  if (vba::EqualsText(handler, L"mnuhQLTExportFile")) return (void)codetools::ExportFile(s);
+  if (vba::EqualsText(handler, L"mnuhLineNumbersAdd")) return codetools::LineNumbers(s, codetools::kAddNumbers);
+  if (vba::EqualsText(handler, L"mnuhLineNumbersRemove")) return codetools::LineNumbers(s, codetools::kRemoveNumbers);
   if (auto it = Tools().find(handler); it != Tools().end()) return kernel::NotAvailable(s, L"the command " + it->second);
   // mnuhTypeItem has a variable but no handler: its item does nothing when clicked.
 }

@@ -14,7 +14,7 @@ int Main(int argc, char** argv) {
     return 0;
   }
   if (argc == 3 && std::strcmp(argv[1], "script") == 0) return RunScriptCommand(argv[2]);
-  std::fprintf(stderr, "usage: quillet script FILE|-\n       quillet --version\n");
+  std::fprintf(stderr, "usage: quillet script FILE|-\n       quillet html FILE.bas|FILE.cls|FOLDER [-o OUT]\n       quillet --version\n");
   return 2;
 }
 

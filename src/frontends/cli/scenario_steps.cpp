@@ -1,6 +1,7 @@
 // The steps of a scenario: what the host, the user and the clock do.
 #include <set>
 
+#include "codetools/view_html.h"
 #include "frontends/cli/json_text.h"
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
@@ -79,6 +80,16 @@ void ScenarioRunner::Execute(const json& step) {
     std::wstring command = W(value);
     std::wstring argument = step.contains("argument") ? W(step["argument"]) : std::wstring();
     return engine([&] { generators::QuilletHandle(*session_, command, argument); });
+  }
+  if (kind == "convertToHtml") {
+    // The Code Explorer's "Convert to HTML" on a module's node, or on a procedure's.
+    json ref = value.is_object() && value.contains("project") ? json{{"project", value["project"]}, {"component", value.at("component")}}
+               : value.is_object()                            ? value.at("component")
+                                                              : value;
+    auto component = Component(ref);
+    std::wstring procedure = value.is_object() && value.contains("procedure") ? W(value["procedure"]) : L"";
+    auto procKind = static_cast<host::ProcKind>(value.is_object() ? value.value("kind", 0) : 0);
+    return engine([&] { codetools::Convert2HTML(*session_, component, procedure, procKind); });
   }
   if (kind == "dumpBar") return Record(DumpBar());
   if (kind == "dump") throw ScenarioError{label + ": not available: the tool windows arrive later"};

@@ -1,0 +1,28 @@
+#pragma once
+// The small mechanics the code-window commands share: the selection of a pane as one
+// value, the lines of a range as a list, and writing back only the lines that changed.
+#include <string>
+#include <vector>
+
+#include "hostmodel/vbe.h"
+#include "kernel/session.h"
+
+namespace quillet::codetools {
+
+struct PaneSelection {
+  long startLine = 0, startColumn = 0, endLine = 0, endColumn = 0;
+  bool operator==(const PaneSelection&) const = default;
+};
+
+PaneSelection SelectionOf(const host::CodePane& pane);
+void Select(host::CodePane& pane, const PaneSelection& sel);
+// The active code pane, nullptr when there is none (or no editor).
+host::Ptr<host::CodePane> ActivePane(kernel::Session& s);
+
+// Lines `first`..`last` of the module (an empty list when last < first).
+std::vector<std::wstring> ReadLines(const host::CodeModule& module, long first, long last);
+// Replaces each line from `first` on whose text differs between `before` and `after`.
+void WriteChangedLines(host::CodeModule& module, long first, const std::vector<std::wstring>& before,
+                       const std::vector<std::wstring>& after);
+
+}  // namespace quillet::codetools
