@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "frontends/cli/json_text.h"
 #include "frontends/cli/sandbox.h"
 #include "hostmodel/clock.h"
 #include "hostmodel/memory_platform.h"
@@ -18,7 +19,6 @@
 
 namespace quillet::cli {
 
-using nlohmann::json;
 class RunnerUiHost;
 
 class ScenarioRunner {

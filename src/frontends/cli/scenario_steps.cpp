@@ -2,6 +2,7 @@
 #include <set>
 
 #include "frontends/cli/json_text.h"
+#include "frontends/cli/scenario_check.h"
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
 #include "generators/quillet.h"
@@ -24,17 +25,13 @@ const std::set<std::string> kEditorSteps = {"select",  "activate",        "windo
                                             "addProject", "closeProject", "protect",   "clipboard",
                                             "saveProject"};
 
-std::string KeyOf(const json& step) {
-  if (!step.is_object() || step.empty()) throw ScenarioError{"a step is a JSON object with one kind of action"};
-  return step.begin().key();
-}
-
 }  // namespace
 
 void ScenarioRunner::Execute(const json& step) {
   std::string label = StepLabel(next_ - 1);
-  if (step.is_object() && step.contains("form")) return ExecuteFormStep(step);
-  std::string kind = KeyOf(step);
+  // The scenario was checked whole before the run: each step has exactly one action.
+  std::string kind = ActionOf(step);
+  if (kind == "form") return ExecuteFormStep(step);
   const json& value = step[kind];
   if (kAnswerSteps.count(kind))
     throw ScenarioError{label + ": this step answers a " + kind + ", but the engine is not asking for one"};
@@ -91,7 +88,7 @@ void ScenarioRunner::ExecuteFormStep(const json& step) {
   ui::Form& form = ui::UserInput::FindForm(*ui_, W(step["form"]));
   auto controlOf = [&](const json& name) -> ui::Control& { return ui::UserInput::FindControl(form, W(name)); };
   if (step.contains("set")) {
-    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), value);
+    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), nlohmann::json(value));
   } else if (step.contains("click")) {
     ui::UserInput::Click(controlOf(step["click"]));
   } else if (step.contains("dblclick")) {
