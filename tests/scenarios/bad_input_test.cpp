@@ -18,13 +18,13 @@ TEST(ScriptInput, UnreadableOrWrongScenariosEndWithAReason) {
       {"[1, 2]", 2, "a scenario is a JSON object"},
       {"{\"now\": \"yesterday-ish\"}", 2, "\"now\""},
       {"{\"steps\": 5}", 2, "\"steps\" must be an array"},
-      {"{\"steps\": [{\"fly\": true}]}", 1, "unknown step \"fly\""},
+      {"{\"steps\": [{\"fly\": true}]}", 2, "unknown step \"fly\""},
       {"{\"projects\": [{\"name\": \"P\", \"components\": [{\"name\": \"M\", \"code\": \"\"}]}],"
        " \"steps\": [{\"activate\": \"Missing\"}]}",
        1, "no component named \"Missing\""},
       {"{\"steps\": [{\"msgbox\": \"Yes\"}]}", 1, "not asking for one"},
       {"{\"steps\": [{\"form\": \"frmNothing\", \"click\": \"cmdOK\"}]}", 1, "frmNothing"},
-      {"{\"steps\": [{\"tick\": \"soon\"}]}", 1, "milliseconds"},
+      {"{\"steps\": [{\"tick\": \"soon\"}]}", 2, "milliseconds"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.input);
