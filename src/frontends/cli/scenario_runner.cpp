@@ -182,7 +182,7 @@ void ScenarioRunner::Setup(const json& s) {
     if (!s["clipboard"].is_string()) throw UnreadableInput{"\"clipboard\" must be a text"};
     platform_->ClipboardSetText(W(s["clipboard"]));
   }
-  before_ = sandbox_.Snapshot();
+  sandbox_.StartRecording();
 }
 
 void ScenarioRunner::SetupHome(const json& s) {
@@ -362,9 +362,7 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
   out["immediate"] = vbe_ ? U(vbe_->ImmediateText()) : "";
   json home = json::object(), written = json::object();
   std::wstring programFolder = kProgramFolder;
-  for (const auto& [path, bytes] : sandbox_.Snapshot()) {
-    auto was = before_.find(path);
-    if (was != before_.end() && was->second == bytes) continue;
+  for (const auto& [path, bytes] : sandbox_.WrittenFiles()) {
     if (vba::StartsWithText(path, programFolder)) {
       std::wstring rel = path.substr(programFolder.size());
       home[U(rel)] = FileText(bytes);

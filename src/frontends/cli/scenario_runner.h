@@ -86,7 +86,6 @@ class ScenarioRunner {
   json steps_ = json::array();
   std::size_t next_ = 0;
   json transcript_ = json::array();
-  std::map<std::wstring, std::string> before_;
   json output_;
   std::filesystem::path baseFolder_;  // where relative real paths of the scenario start
 };
