@@ -1,5 +1,7 @@
 #include "frontends/cli/sandbox.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <optional>
 #include <stdexcept>
@@ -61,8 +63,21 @@ class Sandbox::Recorder : public io::MappedFileSystem {
   }
 };
 
+namespace {
+
+// Where sandboxes go: $TMPDIR when the user set one, else memory (/dev/shm) where the
+// machine has it, since a sandbox is scratch and making files on a disk costs far more
+// than the run, else the temporary folder.
+std::filesystem::path SandboxParent() {
+  const char* tmp = std::getenv("TMPDIR");
+  if ((!tmp || !*tmp) && ::access("/dev/shm", W_OK | X_OK) == 0) return "/dev/shm";
+  return std::filesystem::temp_directory_path();
+}
+
+}  // namespace
+
 Sandbox::Sandbox() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "quillet-scenario-XXXXXX").string();
+  std::string pattern = (SandboxParent() / "quillet-scenario-XXXXXX").string();
   if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder for the scenario");
   root_ = pattern;
   auto recorder = std::make_unique<Recorder>(root_);
