@@ -1,4 +1,5 @@
 // The steps of a scenario: what the host, the user and the clock do.
+#include <map>
 #include <set>
 
 #include "frontends/cli/json_text.h"
@@ -9,6 +10,7 @@
 #include "settings/items.h"
 #include "hostmodel/keystrokes.h"
 #include "shell/errors.h"
+#include "shell/menu_tree.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/user_input.h"
@@ -217,6 +219,17 @@ std::string ScenarioRunner::WhyNotClickable(const host::MemoryControl& control) 
 json ScenarioRunner::DumpBar() const {
   auto bar = static_cast<host::MemoryCommandBars&>(vbe_->CommandBars()).Bar(L"Quillet");
   if (!bar) throw ScenarioError{StepLabel(next_ - 1) + ": there is no command bar \"Quillet\""};
+  // Each control's click handler, from the command table through the add-in's hooks.
+  std::map<const host::CommandBarControl*, std::string> handlers;
+  std::function<void(const std::vector<shell::MenuNode>&)> collect = [&](const std::vector<shell::MenuNode>& nodes) {
+    for (const auto& n : nodes) {
+      if (!n.handler.empty())
+        if (auto c = connect_->ControlOf(n.handler)) handlers[c.get()] = U(n.handler);
+      collect(n.children);
+    }
+  };
+  collect(shell::CommandBarTree());
+  if (auto c = connect_->ControlOf(L"mnuhControlAdd")) handlers[c.get()] = "mnuhControlAdd";
   std::function<json(const host::MemoryControls&)> dump = [&](const host::MemoryControls& controls) {
     json list = json::array();
     for (const auto& c : controls.All()) {
@@ -224,6 +237,7 @@ json ScenarioRunner::DumpBar() const {
       std::wstring id = c->Parameter();
       entry["id"] = id.empty() ? json(c->Id()) : json(std::stol(id));
       entry["caption"] = U(c->Caption());
+      if (auto h = handlers.find(c.get()); h != handlers.end()) entry["handler"] = h->second;
       entry["type"] = c->Type();
       entry["visible"] = c->Visible();
       entry["enabled"] = c->Enabled();
