@@ -66,7 +66,9 @@ TEST(FormatDocument, EveryStepExampleIsReadAndPlayed) {
     auto r = RunScript("-", setup + e.before + e.step + "]}");
     EXPECT_EQ(r.exitStatus, e.exit) << r.out.substr(0, 400);
     ASSERT_TRUE(r.json.is_object());
-    if (e.exit == 1) EXPECT_FALSE(r.json["error"].get<std::string>().empty());
+    if (e.exit == 1) {
+      EXPECT_FALSE(r.json["error"].get<std::string>().empty());
+    }
   }
 }
 
