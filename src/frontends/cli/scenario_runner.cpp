@@ -221,8 +221,15 @@ void ScenarioRunner::AddProject(const json& p) {
     if (!std::filesystem::is_directory(real)) throw UnreadableInput{"\"folder\": no folder " + real.string()};
     std::wstring win = L"C:\\Work\\" + vba::FromUtf8(real.lexically_normal().filename().string());
     if (win.back() == L'\\') win.pop_back();
-    sandbox_.CopyIn(real, win);
-    io::ProjectFolder folder = io::LoadProjectFolder(platform_->Files(), win);
+    // A folder that cannot be copied or read as a project is unreadable input, like the
+    // scenario itself, whenever it is met.
+    io::ProjectFolder folder;
+    try {
+      sandbox_.CopyIn(real, win);
+      folder = io::LoadProjectFolder(platform_->Files(), win);
+    } catch (const std::exception& e) {
+      throw UnreadableInput{Where() + ": \"folder\" " + real.string() + ": " + e.what()};
+    }
     if (p.contains("name")) folder.name = W(p["name"]);
     if (p.contains("fileName")) folder.fileName = W(p["fileName"]);
     vbe_->AddProject(std::move(folder));
