@@ -350,10 +350,13 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
       json comps = json::array();
       for (const auto& c : p->Components())
         comps.push_back({{"name", U(c->Name())}, {"type", c->Type()}, {"code", LinesJson(c->Module()->AllLines())}});
-      projects.push_back({{"name", U(p->Name())}, {"components", comps}});
+      json project = json::object();
+      project["name"] = U(p->Name());
+      project["components"] = std::move(comps);
+      projects.push_back(std::move(project));
     }
   }
-  out["projects"] = projects;
+  out["projects"] = std::move(projects);
   json active = nullptr;
   if (vbe_ && vbe_->ActiveCodePane()) {
     auto module = vbe_->ActiveCodePane()->CodeModule();
@@ -380,7 +383,7 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
   out["home"] = home;
   out["written"] = written;
   out["transcript"] = transcript_;
-  output_ = out;
+  output_ = std::move(out);
 }
 
 namespace {
@@ -430,21 +433,21 @@ int Refused(const std::string& why, int status) {
 
 int RunScriptCommand(const std::string& path) {
   int status;
-  json output;
+  std::unique_ptr<ScenarioRunner> runner;
   try {
     json scenario = ParseScenario(ReadScenarioText(path));
-    ScenarioRunner runner;
+    runner = std::make_unique<ScenarioRunner>();
     std::error_code ec;
     std::filesystem::path base = path == "-" ? std::filesystem::current_path(ec)
                                              : std::filesystem::absolute(path, ec).parent_path();
-    status = runner.Run(scenario, base);
-    output = runner.Output();
+    status = runner->Run(scenario, base);
   } catch (const UnreadableInput& e) {
     return Refused(e.message, 2);
   } catch (const std::exception& e) {
     // The runner's own machinery failed before a session could start (no temporary folder).
     return Refused(e.what(), 2);
   }
+  const json& output = runner->Output();
   if (status != 0) std::cerr << "quillet script: " << output["error"].get<std::string>() << "\n";
   std::cout << output.dump(2, ' ', false, json::error_handler_t::replace) << "\n";
   return status;
