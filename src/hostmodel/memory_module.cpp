@@ -349,8 +349,9 @@ void MemoryCodePane::ApplyKey(const Key& key) {
     if (key.shift) return;
     auto value = vbe_.Platform().RegistryValue(L"Software\\Microsoft\\VBA\\6.0\\Common", L"TabWidth");
     long width = 4;
-    if (value && !value->empty() && vba::IsNumeric(*value)) width = static_cast<long>(vba::Val(*value));
-    if (width < 1) width = 4;
+    // The editor accepts a tab width from 1 to 32; anything else counts as unknown.
+    double wanted = value && !value->empty() && vba::IsNumeric(*value) ? vba::Val(*value) : 4;
+    if (wanted >= 1 && wanted <= 32) width = static_cast<long>(wanted);
     long column = std::min(anchor_.column, caret_.column);
     long blanks = width - (column - 1) % width;
     return ReplaceSelection(std::wstring(blanks, L' '));
