@@ -25,6 +25,11 @@ struct Register {
   explicit Register(Benchmark b) { Registry().push_back(std::move(b)); }
 };
 
+// The exported file of a module "Module<n>" of about kLinesPerModule lines: declarations,
+// then procedures of 20 lines with a comment above each header and a blank line between.
+inline constexpr int kLinesPerModule = 500;
+std::string ModuleText(int n);
+
 // Milliseconds of the fastest of `repeats` runs.
 double BestMilliseconds(const Benchmark& b);
 

@@ -13,13 +13,7 @@
 #include "vba/encoding.h"
 
 namespace quillet::bench {
-namespace {
 
-constexpr int kModules = 200;
-constexpr int kLinesPerModule = 500;
-
-// A module of about 500 lines: declarations, then procedures of 20 lines with a comment
-// above each header and a blank line between them.
 std::string ModuleText(int n) {
   std::string t = "Attribute VB_Name = \"Module" + std::to_string(n) + "\"\r\nOption Explicit\r\n";
   t += "Private mCount As Long\r\n\r\n";
@@ -34,6 +28,10 @@ std::string ModuleText(int n) {
   }
   return t;
 }
+
+namespace {
+
+constexpr int kModules = 200;
 
 struct LargeProject {
   std::filesystem::path root;

@@ -1,10 +1,51 @@
-// The quillet command: the front-ends of the engine.
-#include <cstring>
+// The quillet command: one program, one subcommand per front-end.
+#include <cstdio>
+#include <string>
 
 #include "frontends/cli/cli.h"
 #include "frontends/cli/html_command.h"
+#include "version.h"
+
+namespace {
+
+struct Subcommand {
+  const char* name;
+  const char* summary;
+  int (*run)(int argc, char** argv);  // gets the arguments behind the subcommand's name
+};
+
+// The subcommands, in the order "quillet --help" lists them. New front-ends add a line here
+// ("commands": every dispatcher command and command bar handler with its caption; "html":
+// a module as an HTML page), each answering "--help" itself.
+const Subcommand kSubcommands[] = {
+    {"script", "FILE|-   play a scenario on the in-memory editor and print its outcome as JSON",
+     quillet::cli::ScriptMain},
+    {"html", "FILE.bas|FILE.cls|FOLDER [-o OUT]   a module or a folder of modules as coloured HTML pages",
+     quillet::cli::RunHtmlCommand},
+};
+
+void PrintUsage(std::FILE* to) {
+  std::fprintf(to, "usage: quillet COMMAND [ARGS]\n\ncommands:\n");
+  for (const Subcommand& c : kSubcommands) std::fprintf(to, "  %s %s\n", c.name, c.summary);
+  std::fprintf(to,
+               "  --version   print the version\n"
+               "  --help      print this text; \"quillet COMMAND --help\" tells more of one command\n");
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  if (argc >= 2 && std::strcmp(argv[1], "html") == 0) return quillet::cli::RunHtmlCommand(argc - 2, argv + 2);
-  return quillet::cli::Main(argc, argv);
+  std::string command = argc >= 2 ? argv[1] : "";
+  if (command == "--version") {
+    std::printf("quillet %d.%d.%d\n", quillet::kVersionMajor, quillet::kVersionMinor, quillet::kVersionRevision);
+    return 0;
+  }
+  if (quillet::cli::IsHelp(command)) {
+    PrintUsage(stdout);
+    return 0;
+  }
+  for (const Subcommand& c : kSubcommands)
+    if (command == c.name) return c.run(argc - 2, argv + 2);
+  PrintUsage(stderr);
+  return 2;
 }

@@ -51,6 +51,14 @@ void MemoryCodeModule::Splice(long at, long removed, std::vector<std::wstring> a
   if (pane_) pane_->LinesChanged(at, removed, addedCount, keepCaretColumn);
 }
 
+void MemoryCodeModule::InsertInLine(long line, std::size_t offset, std::wstring_view text) {
+  std::wstring& target = lines_[line - 1];
+  if (target.size() < offset) target.resize(offset, L' ');
+  target.insert(offset, text);
+  indexValid_ = false;
+  ++revision_;
+}
+
 void MemoryCodeModule::AddFromString(std::wstring_view text) {
   const ProcIndex& index = Index();
   long at = index.Procs().empty() ? CountOfLines() + 1 : index.Procs().front().startLine;
@@ -261,6 +269,13 @@ void MemoryCodePane::ReplaceSelection(std::wstring_view text) {
   Pos a = anchor_, b = caret_;
   Normalize(a, b);
   long count = module->CountOfLines();
+  if (a.line == b.line && a.column == b.column && a.line <= count && text.find_first_of(L"\r\n") == std::wstring_view::npos) {
+    // Typing at a bare caret: the line grows in place, with no copy of it per keystroke.
+    module->InsertInLine(a.line, static_cast<std::size_t>(a.column - 1), text);
+    anchor_ = caret_ = {a.line, a.column + static_cast<long>(text.size())};
+    wantedColumn_ = 0;
+    return;
+  }
   auto lineText = [&](long l) { return l <= count ? module->Line(l) : std::wstring(); };
   std::wstring first = lineText(a.line);
   std::wstring last = lineText(b.line);
@@ -343,8 +358,9 @@ void MemoryCodePane::ApplyKey(const Key& key) {
     if (key.shift) return;
     auto value = vbe_.Platform().RegistryValue(L"Software\\Microsoft\\VBA\\6.0\\Common", L"TabWidth");
     long width = 4;
-    if (value && !value->empty() && vba::IsNumeric(*value)) width = static_cast<long>(vba::Val(*value));
-    if (width < 1) width = 4;
+    // The editor accepts a tab width from 1 to 32; anything else counts as unknown.
+    double wanted = value && !value->empty() && vba::IsNumeric(*value) ? vba::Val(*value) : 4;
+    if (wanted >= 1 && wanted <= 32) width = static_cast<long>(wanted);
     long column = std::min(anchor_.column, caret_.column);
     long blanks = width - (column - 1) % width;
     return ReplaceSelection(std::wstring(blanks, L' '));

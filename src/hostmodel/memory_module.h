@@ -48,6 +48,9 @@ class MemoryCodeModule : public CodeModule, public std::enable_shared_from_this<
   void CheckLine(long line, long last) const;
   // Every edit is one of these: `removed` lines at `at` replaced by `added`.
   void Splice(long at, long removed, std::vector<std::wstring> added, bool keepCaretColumn);
+  // Text without line ends put into one line at a 0-based offset, in place: what typing
+  // does most, kept linear in the length of what is typed.
+  void InsertInLine(long line, std::size_t offset, std::wstring_view text);
   const ProcExtent& ProcOrRaise(std::wstring_view name, ProcKind kind) const;
 
   MemoryVBE& vbe_;

@@ -248,45 +248,76 @@ std::string MappedFileSystem::ReadFile(std::wstring_view path) const {
 }
 
 void MappedFileSystem::WriteFile(std::wstring_view path, std::string_view bytes) {
-  EnsureRoot(drives_, zIsRoot_, path);
-  fs::path real = RealPath(path);
-  std::error_code ec;
-  if (fs::is_symlink(real, ec)) {  // keep the link and write the file it points to
-    fs::path linked = fs::canonical(real, ec);
-    if (!ec) real = linked;
-  }
-  if (IsDir(real)) Fail(vba::kErrPathFileAccess, path);
-  fs::path folder = real.parent_path();
-  if (!IsDir(folder)) Fail(vba::kErrPathNotFound, path);
+  WriteFiles({{std::wstring(path), std::string(bytes)}});
+}
 
-  // The new content goes to a temporary file in the same folder, which then replaces the
-  // target in one step: a reader sees the old file or the new one, never a part.
-  fs::path temp;
-  int raw = -1;
-  for (int attempt = 0; raw < 0 && attempt < 100; ++attempt) {
-    temp = folder / (".~quillet-" + std::to_string(::getpid()) + "-" + std::to_string(tempCounter++) + ".tmp");
-    raw = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (raw < 0 && errno != EEXIST) break;
+void MappedFileSystem::WriteFiles(const std::vector<FileWrite>& files) {
+  // Each new content goes to a temporary file in its target's folder; only when every one
+  // is written do they replace their targets, each in one step: a reader sees the old file
+  // or the new one, never a part, and a failure while staging changes no target.
+  struct Staged {
+    fs::path temp, real;
+  };
+  std::vector<Staged> staged;
+  auto dropStaged = [&] {
+    for (const Staged& s : staged) ::unlink(s.temp.c_str());
+  };
+  for (const FileWrite& f : files) {
+    std::wstring_view path = f.path;
+    EnsureRoot(drives_, zIsRoot_, path);
+    auto m = Map(drives_, zIsRoot_, path);
+    if (!m) {
+      dropStaged();
+      Fail(kErrBadFileName, path);
+    }
+    fs::path real = m->real;
+    std::error_code ec;
+    if (fs::is_symlink(real, ec)) {  // keep the link and write the file it points to
+      fs::path linked = fs::canonical(real, ec);
+      if (!ec) real = linked;
+    }
+    fs::path folder = real.parent_path();
+    long failure = IsDir(real) ? long{vba::kErrPathFileAccess} : !IsDir(folder) ? long{vba::kErrPathNotFound} : 0L;
+    fs::path temp;
+    int raw = -1;
+    for (int attempt = 0; !failure && raw < 0 && attempt < 100; ++attempt) {
+      temp = folder / (".~quillet-" + std::to_string(::getpid()) + "-" + std::to_string(tempCounter++) + ".tmp");
+      raw = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (raw < 0 && errno != EEXIST) break;
+    }
+    if (!failure && raw < 0) failure = NumberOfErrno(errno);
+    if (!failure) {
+      Fd fd(raw);
+      staged.push_back({temp, real});
+      struct stat st {};
+      if (::stat(real.c_str(), &st) == 0) ::fchmod(fd.get(), st.st_mode & 07777);
+      bool ok = WriteAll(fd.get(), f.bytes) && (!durable_ || ::fsync(fd.get()) == 0);
+      int err = errno;
+      if (ok) {
+        ok = ::close(fd.release()) == 0;
+        err = errno;
+      }
+      if (!ok) failure = NumberOfErrno(err);
+    }
+    if (failure) {
+      dropStaged();
+      Fail(failure, path);
+    }
   }
-  if (raw < 0) Fail(NumberOfErrno(errno), path);
-  Fd fd(raw);
-  struct stat st {};
-  if (::stat(real.c_str(), &st) == 0) ::fchmod(fd.get(), st.st_mode & 07777);
-  bool ok = WriteAll(fd.get(), bytes) && ::fsync(fd.get()) == 0;
-  int err = errno;
-  if (ok) {
-    ok = ::close(fd.release()) == 0;
-    err = errno;
+  for (std::size_t i = 0; i < staged.size(); ++i) {
+    if (::rename(staged[i].temp.c_str(), staged[i].real.c_str()) != 0) {
+      int err = errno;
+      for (std::size_t k = i; k < staged.size(); ++k) ::unlink(staged[k].temp.c_str());
+      Fail(NumberOfErrno(err), files[i].path);
+    }
   }
-  if (ok) {
-    ok = ::rename(temp.c_str(), real.c_str()) == 0;
-    err = errno;
+  if (durable_) {
+    std::vector<fs::path> folders;
+    for (const Staged& s : staged)
+      if (std::find(folders.begin(), folders.end(), s.real.parent_path()) == folders.end())
+        folders.push_back(s.real.parent_path());
+    for (const fs::path& folder : folders) SyncFolder(folder);
   }
-  if (!ok) {
-    ::unlink(temp.c_str());
-    Fail(NumberOfErrno(err), path);
-  }
-  SyncFolder(folder);
 }
 
 void MappedFileSystem::AppendFile(std::wstring_view path, std::string_view bytes) {

@@ -16,6 +16,12 @@ struct DirEntry {
   bool isFolder = false;
 };
 
+// One file of a set written together.
+struct FileWrite {
+  std::wstring path;
+  std::string bytes;
+};
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -29,6 +35,10 @@ class FileSystem {
   // Atomic: writes a temporary file beside the target and renames it over the target.
   // A missing folder raises error 76.
   virtual void WriteFile(std::wstring_view path, std::string_view bytes) = 0;
+  // All or nothing: every file is staged beside its target first, and only when all are
+  // written do they replace their targets. A failure while staging (a target that is a
+  // folder, a full disk) raises and leaves every target as it was.
+  virtual void WriteFiles(const std::vector<FileWrite>& files) = 0;
   virtual void AppendFile(std::wstring_view path, std::string_view bytes) = 0;
   virtual void DeleteFile(std::wstring_view path) = 0;
   virtual void Rename(std::wstring_view from, std::wstring_view to) = 0;
@@ -46,6 +56,10 @@ class MappedFileSystem : public FileSystem {
  public:
   explicit MappedFileSystem(std::filesystem::path drives, bool zIsRoot = false);
 
+  // Durable (the default): each write reaches the disk (fsync of the file and its folder)
+  // before it counts as done, as a user's files must. Scratch space turns this off.
+  void SetDurable(bool durable) { durable_ = durable; }
+
   // The real path a Windows path stands for (existing names found without regard to case;
   // missing ones appended as given).
   std::filesystem::path RealPath(std::wstring_view path) const;
@@ -56,6 +70,7 @@ class MappedFileSystem : public FileSystem {
   bool FolderExists(std::wstring_view path) const override;
   std::string ReadFile(std::wstring_view path) const override;
   void WriteFile(std::wstring_view path, std::string_view bytes) override;
+  void WriteFiles(const std::vector<FileWrite>& files) override;
   void AppendFile(std::wstring_view path, std::string_view bytes) override;
   void DeleteFile(std::wstring_view path) override;
   void Rename(std::wstring_view from, std::wstring_view to) override;
@@ -66,6 +81,7 @@ class MappedFileSystem : public FileSystem {
  private:
   std::filesystem::path drives_;
   bool zIsRoot_;
+  bool durable_ = true;
 };
 
 }  // namespace quillet::io

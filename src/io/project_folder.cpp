@@ -250,10 +250,7 @@ ProjectFolder LoadProjectFolder(const FileSystem& fs, std::wstring_view folder) 
 }
 
 void SaveProjectFolder(FileSystem& fs, const ProjectFolder& project) {
-  struct Pending {
-    std::wstring path;
-    std::string bytes;
-  };
+  using Pending = FileWrite;
   std::vector<Pending> writes;
   std::vector<std::wstring> files;
   std::map<std::wstring, std::wstring, vba::TextLess> moduleOfFile;
@@ -276,10 +273,13 @@ void SaveProjectFolder(FileSystem& fs, const ProjectFolder& project) {
   if (auto bytes = ProjectFileBytes(fs, project, files)) add(std::wstring(kProjectFile), std::move(*bytes), L"the project");
 
   if (!fs.FolderExists(project.folder)) fs.CreateFolder(project.folder);
-  for (const Pending& w : writes) {
+  // The changed files are written as one set: all of them or, on a failure, none.
+  std::vector<FileWrite> changed;
+  for (Pending& w : writes) {
     if (fs.FileExists(w.path) && fs.ReadFile(w.path) == w.bytes) continue;
-    fs.WriteFile(w.path, w.bytes);
+    changed.push_back({std::move(w.path), std::move(w.bytes)});
   }
+  if (!changed.empty()) fs.WriteFiles(changed);
 }
 
 }  // namespace quillet::io

@@ -40,11 +40,12 @@ std::vector<ReferenceInfo> DefaultReferences();
 // part). A file that cannot be read raises vba::Error naming the file; nothing is written.
 // Two files that name the same module are refused.
 ProjectFolder LoadProjectFolder(const FileSystem& fs, std::wstring_view folder);
-// Writes every module (atomically, unchanged ones byte for byte), the project file when
-// the project has one or its data differ from the defaults, and deletes nothing. A file
-// whose bytes are already those to write is left untouched; a missing folder is made.
-// Everything is prepared before the first write: two modules that would share one file
-// are refused before anything is written.
+// Writes every module (unchanged ones byte for byte), the project file when the project
+// has one or its data differ from the defaults, and deletes nothing. A file whose bytes
+// are already those to write is left untouched; a missing folder is made. All or nothing:
+// two modules that would share one file are refused before anything is written, and the
+// changed files are staged together and replace the old ones only when all are written,
+// so a failure half-way (a file that is a folder, a full disk) leaves the folder as it was.
 void SaveProjectFolder(FileSystem& fs, const ProjectFolder& project);
 
 }  // namespace quillet::io

@@ -108,6 +108,20 @@ TEST(Keystrokes, TypingDeletingMovingAndPasting) {
   EXPECT_THROW(fx.platform.SendKeys(L"{Down", true), vba::Error);
 }
 
+TEST(Keystrokes, TypedTextIsSeenByTheProcedureIndexAndCountsAsAnEdit) {
+  test::EditorFixture fx;
+  auto m = fx.Module(L"M", {L"Sub A()", L"End Sub", L""})->Module();
+  host::ProcKind kind;
+  EXPECT_EQ(m->ProcOfLine(3, kind), L"A");
+  auto revision = m->Revision();
+  fx.Caret(3, 1);
+  fx.platform.SendKeys(L"Sub B", true);  // "(" groups keys in SendKeys
+  EXPECT_GT(m->Revision(), revision);
+  EXPECT_EQ(m->Lines(3, 1), L"Sub B");
+  EXPECT_EQ(m->ProcOfLine(3, kind), L"B");
+  EXPECT_EQ(fx.Selection(), std::vector<long>({3, 6, 3, 6}));
+}
+
 TEST(Windows, FocusActivePaneAndImmediate) {
   test::EditorFixture fx;
   auto a = fx.Module(L"A", {L"x"});

@@ -157,5 +157,26 @@ TEST(ProjectFolder, AFailedLoadNamesTheFileAndChangesNothing) {
   EXPECT_EQ(Caught([&] { LoadProjectFolder(d.files(), L"C:\\Missing"); }).Number(), vba::kErrPathNotFound);
 }
 
+TEST(ProjectFolder, SavingIsAllOrNothing) {
+  TempDrives d;
+  PutProject(d);
+  ProjectFolder p = LoadProjectFolder(d.files(), L"C:\\Work");
+  p.modules[0].code.push_back(L"' changed");  // Class1, saved before the others
+  p.modules[1].code.push_back(L"' changed");  // Module1
+  p.modules.push_back(NewModuleFile(L"Zed", 1));
+  p.moduleFiles.push_back(L"Zed.bas");
+  // The new module's file is a folder: nothing may be written, not even the modules before it.
+  std::filesystem::create_directories(d.root() / "c/Work/Zed.bas");
+  auto before = d.Picture();
+  EXPECT_EQ(Caught([&] { SaveProjectFolder(d.files(), p); }).Number(), vba::kErrPathFileAccess);
+  EXPECT_EQ(d.Picture(), before) << "no target changed and no staged file left behind";
+
+  std::filesystem::remove(d.root() / "c/Work/Zed.bas");
+  SaveProjectFolder(d.files(), p);
+  EXPECT_NE(d.Get("c/Work/Class1.cls").find("' changed"), std::string::npos);
+  EXPECT_NE(d.Get("c/Work/Module1.bas").find("' changed"), std::string::npos);
+  EXPECT_NE(d.Get("c/Work/Zed.bas").find("Attribute VB_Name = \"Zed\""), std::string::npos);
+}
+
 }  // namespace
 }  // namespace quillet::io

@@ -1,8 +1,12 @@
 #pragma once
+// The subcommands of the quillet program that live in the command-line front-end.
+#include <string>
 
 namespace quillet::cli {
 
-// Dispatches the command line: "quillet script FILE|-", "quillet --version".
-int Main(int argc, char** argv);
+// "quillet script FILE|-" and "quillet script --help"; argv holds what follows "script".
+int ScriptMain(int argc, char** argv);
+// "--help", "-h" or "help".
+bool IsHelp(const std::string& arg);
 
 }  // namespace quillet::cli

@@ -25,6 +25,7 @@ std::vector<std::wstring> CodeLines(const json& code) {
 
 json LinesJson(const std::vector<std::wstring>& lines) {
   json a = json::array();
+  a.get_ref<json::array_t&>().reserve(lines.size());
   for (const auto& l : lines) a.push_back(U(l));
   return a;
 }

@@ -8,7 +8,8 @@
 
 namespace quillet::cli {
 
-using nlohmann::json;
+// Scenarios keep their keys in the order written: a form's "set" applies in that order.
+using json = nlohmann::ordered_json;
 
 std::wstring W(const json& j);
 std::string U(std::wstring_view s);

@@ -1,8 +1,10 @@
 #include "frontends/cli/sandbox.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <optional>
+#include <stdexcept>
 #include <system_error>
 
 #include "io/paths.h"
@@ -14,12 +16,73 @@
 
 namespace quillet::cli {
 
+// The sandbox's file system: notes what a file held before its first recorded change.
+class Sandbox::Recorder : public io::MappedFileSystem {
+ public:
+  explicit Recorder(std::filesystem::path root) : MappedFileSystem(std::move(root)) { SetDurable(false); }
+
+  void WriteFile(std::wstring_view path, std::string_view bytes) override {
+    Note(path);
+    MappedFileSystem::WriteFile(path, bytes);
+  }
+  void AppendFile(std::wstring_view path, std::string_view bytes) override {
+    Note(path);
+    MappedFileSystem::AppendFile(path, bytes);
+  }
+  void DeleteFile(std::wstring_view path) override {
+    Note(path);
+    MappedFileSystem::DeleteFile(path);
+  }
+  void Rename(std::wstring_view from, std::wstring_view to) override {
+    Note(from);
+    Note(to);
+    MappedFileSystem::Rename(from, to);
+  }
+  void WriteFiles(const std::vector<io::FileWrite>& files) override {
+    for (const auto& f : files) Note(f.path);
+    MappedFileSystem::WriteFiles(files);
+  }
+
+  bool recording = false;
+  // By real path: the bytes before the first change, or nothing for a file that was not there.
+  std::map<std::filesystem::path, std::optional<std::string>> before;
+
+ private:
+  void Note(std::wstring_view path) {
+    if (!recording) return;
+    std::filesystem::path real;
+    try {
+      real = RealPath(path);
+    } catch (const std::exception&) {
+      return;  // a name no file can have: the write itself will say so
+    }
+    if (before.count(real)) return;
+    std::optional<std::string> bytes;
+    if (std::optional<std::wstring> win = WindowsPath(real); win && FileExists(*win)) bytes = ReadFile(*win);
+    before.emplace(std::move(real), std::move(bytes));
+  }
+};
+
+namespace {
+
+// Where sandboxes go: $TMPDIR when the user set one, else memory (/dev/shm) where the
+// machine has it, since a sandbox is scratch and making files on a disk costs far more
+// than the run, else the temporary folder.
+std::filesystem::path SandboxParent() {
+  const char* tmp = std::getenv("TMPDIR");
+  if ((!tmp || !*tmp) && ::access("/dev/shm", W_OK | X_OK) == 0) return "/dev/shm";
+  return std::filesystem::temp_directory_path();
+}
+
+}  // namespace
+
 Sandbox::Sandbox() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "quillet-scenario-XXXXXX").string();
+  std::string pattern = (SandboxParent() / "quillet-scenario-XXXXXX").string();
   if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder for the scenario");
   root_ = pattern;
-  fs_ = std::make_unique<io::MappedFileSystem>(root_);
-  view_ = fs_.get();
+  auto recorder = std::make_unique<Recorder>(root_);
+  view_ = recorder.get();
+  fs_ = std::move(recorder);
 }
 
 Sandbox::~Sandbox() {
@@ -50,32 +113,23 @@ void Sandbox::Write(std::wstring_view path, std::string_view bytes) {
 void Sandbox::CopyIn(const std::filesystem::path& from, std::wstring_view toFolder) {
   if (!std::filesystem::is_directory(from)) return;
   MakeFolders(toFolder);
-  for (auto it = std::filesystem::recursive_directory_iterator(from); it != std::filesystem::recursive_directory_iterator(); ++it) {
-    std::filesystem::path rel = std::filesystem::relative(it->path(), from);
-    std::wstring win = std::wstring(toFolder);
-    for (const auto& part : rel) win = io::JoinPath(win, vba::FromUtf8(part.string()));
-    if (it->is_directory()) {
-      if (!view_->FolderExists(win)) {
-        // Parents first: the walk reaches a folder before its content.
-        view_->CreateFolder(win);
-      }
-    } else if (it->is_regular_file()) {
-      std::ifstream in(it->path(), std::ios::binary);
-      std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-      view_->WriteFile(win, bytes);
-    }
-  }
+  std::error_code ec;
+  std::filesystem::copy(from, view_->RealPath(toFolder),
+                        std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing, ec);
+  if (ec) throw std::runtime_error("cannot copy " + from.string() + " into the sandbox: " + ec.message());
 }
 
-std::map<std::wstring, std::string> Sandbox::Snapshot() const {
+io::MappedFileSystem& Sandbox::Files() { return *view_; }
+
+void Sandbox::StartRecording() { view_->recording = true; }
+
+std::map<std::wstring, std::string> Sandbox::WrittenFiles() const {
   std::map<std::wstring, std::string> files;
-  if (!std::filesystem::exists(root_)) return files;
-  for (auto it = std::filesystem::recursive_directory_iterator(root_); it != std::filesystem::recursive_directory_iterator(); ++it) {
-    if (!it->is_regular_file()) continue;
-    auto win = view_->WindowsPath(it->path());
-    if (!win) continue;
-    std::ifstream in(it->path(), std::ios::binary);
-    files[*win] = std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  for (const auto& [real, was] : view_->before) {
+    std::optional<std::wstring> win = view_->WindowsPath(real);
+    if (!win || !view_->FileExists(*win)) continue;
+    std::string bytes = view_->ReadFile(*win);
+    if (!was || *was != bytes) files.emplace(*win, std::move(bytes));
   }
   return files;
 }

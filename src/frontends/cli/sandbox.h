@@ -1,7 +1,8 @@
 #pragma once
 // The private file system of a scenario: a temporary folder that holds one folder per
-// drive, the program's folder seeded from the shipped defaults, and snapshots that tell
-// which files a run wrote.
+// drive, the program's folder seeded from the shipped defaults. It is scratch space, so
+// nothing in it is written durably (no fsync). Once recording starts, the first change of
+// each file notes what it held, which tells at the end which files the run wrote.
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -20,22 +21,26 @@ class Sandbox {
 
   // The file system over the sandbox; the session takes it.
   std::unique_ptr<io::MappedFileSystem> TakeFileSystem();
-  io::MappedFileSystem& Files() { return *view_; }
+  io::MappedFileSystem& Files();
 
   // Creates a Windows folder with every missing folder above it.
   void MakeFolders(std::wstring_view folder);
   // Writes a file, making its folders first.
   void Write(std::wstring_view path, std::string_view bytes);
-  // Copies a real folder into a Windows folder of the sandbox.
+  // Copies a real folder into a Windows folder of the sandbox, file by file in the kernel.
   void CopyIn(const std::filesystem::path& from, std::wstring_view toFolder);
 
-  // Every file of the sandbox by Windows path, with its bytes.
-  std::map<std::wstring, std::string> Snapshot() const;
+  // From now on, changes made through the file system are recorded.
+  void StartRecording();
+  // Every file changed since recording started whose bytes now differ from those it had,
+  // by Windows path, with its bytes.
+  std::map<std::wstring, std::string> WrittenFiles() const;
 
  private:
+  class Recorder;
   std::filesystem::path root_;
   std::unique_ptr<io::MappedFileSystem> fs_;
-  io::MappedFileSystem* view_;
+  Recorder* view_;
 };
 
 // The folder of the shipped defaults: $QUILLET_DATA, or the one the build knows.

@@ -1,12 +1,16 @@
 #include "frontends/cli/scenario_runner.h"
 
-#include <fstream>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <iostream>
-#include <iterator>
-#include <sstream>
 
 #include "frontends/cli/json_text.h"
 #include "frontends/cli/runner_ui_host.h"
+#include "frontends/cli/scenario_check.h"
 #include "frontends/cli/scenario_error.h"
 #include "io/paths.h"
 #include "io/project_folder.h"
@@ -61,9 +65,7 @@ const json* ScenarioRunner::PeekStep() const { return next_ < steps_.size() ? &s
 
 std::string ScenarioRunner::StepLabel(std::size_t index) const {
   if (index >= steps_.size()) return "the end of the scenario";
-  std::string text = steps_[index].dump();
-  if (text.size() > 120) text = text.substr(0, 117) + "...";
-  return "step " + std::to_string(index + 1) + " " + text;
+  return cli::StepLabel(steps_[index], index);
 }
 
 void ScenarioRunner::WrongAnswer(const std::string& asked, const char* answerStep) const {
@@ -105,7 +107,7 @@ void ScenarioRunner::Settle() {
 }
 
 int ScenarioRunner::Run(const json& scenario, std::filesystem::path baseFolder) {
-  if (!scenario.is_object()) throw UnreadableInput{"a scenario is a JSON object"};
+  CheckScenario(scenario);
   baseFolder_ = std::move(baseFolder);
   try {
     Setup(scenario);
@@ -180,7 +182,7 @@ void ScenarioRunner::Setup(const json& s) {
     if (!s["clipboard"].is_string()) throw UnreadableInput{"\"clipboard\" must be a text"};
     platform_->ClipboardSetText(W(s["clipboard"]));
   }
-  before_ = sandbox_.Snapshot();
+  sandbox_.StartRecording();
 }
 
 void ScenarioRunner::SetupHome(const json& s) {
@@ -219,8 +221,15 @@ void ScenarioRunner::AddProject(const json& p) {
     if (!std::filesystem::is_directory(real)) throw UnreadableInput{"\"folder\": no folder " + real.string()};
     std::wstring win = L"C:\\Work\\" + vba::FromUtf8(real.lexically_normal().filename().string());
     if (win.back() == L'\\') win.pop_back();
-    sandbox_.CopyIn(real, win);
-    io::ProjectFolder folder = io::LoadProjectFolder(platform_->Files(), win);
+    // A folder that cannot be copied or read as a project is unreadable input, like the
+    // scenario itself, whenever it is met.
+    io::ProjectFolder folder;
+    try {
+      sandbox_.CopyIn(real, win);
+      folder = io::LoadProjectFolder(platform_->Files(), win);
+    } catch (const std::exception& e) {
+      throw UnreadableInput{Where() + ": \"folder\" " + real.string() + ": " + e.what()};
+    }
     if (p.contains("name")) folder.name = W(p["name"]);
     if (p.contains("fileName")) folder.fileName = W(p["fileName"]);
     vbe_->AddProject(std::move(folder));
@@ -341,10 +350,13 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
       json comps = json::array();
       for (const auto& c : p->Components())
         comps.push_back({{"name", U(c->Name())}, {"type", c->Type()}, {"code", LinesJson(c->Module()->AllLines())}});
-      projects.push_back({{"name", U(p->Name())}, {"components", comps}});
+      json project = json::object();
+      project["name"] = U(p->Name());
+      project["components"] = std::move(comps);
+      projects.push_back(std::move(project));
     }
   }
-  out["projects"] = projects;
+  out["projects"] = std::move(projects);
   json active = nullptr;
   if (vbe_ && vbe_->ActiveCodePane()) {
     auto module = vbe_->ActiveCodePane()->CodeModule();
@@ -360,9 +372,7 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
   out["immediate"] = vbe_ ? U(vbe_->ImmediateText()) : "";
   json home = json::object(), written = json::object();
   std::wstring programFolder = kProgramFolder;
-  for (const auto& [path, bytes] : sandbox_.Snapshot()) {
-    auto was = before_.find(path);
-    if (was != before_.end() && was->second == bytes) continue;
+  for (const auto& [path, bytes] : sandbox_.WrittenFiles()) {
     if (vba::StartsWithText(path, programFolder)) {
       std::wstring rel = path.substr(programFolder.size());
       home[U(rel)] = FileText(bytes);
@@ -373,44 +383,71 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
   out["home"] = home;
   out["written"] = written;
   out["transcript"] = transcript_;
-  output_ = out;
+  output_ = std::move(out);
 }
 
-int RunScriptCommand(const std::string& path) {
+namespace {
+
+// The scenario's text: a file, or standard input for "-". A folder, a file that cannot be
+// read or one beyond any reasonable size is unreadable input.
+std::string ReadScenarioText(const std::string& path) {
+  constexpr std::size_t kMaxScenarioBytes = 256u << 20;
+  int fd = 0;
+  if (path != "-") {
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0)
+      throw UnreadableInput{"cannot read " + path + ": " + std::strerror(errno)};
+    if (S_ISDIR(st.st_mode)) throw UnreadableInput{"cannot read " + path + ": it is a folder, not a scenario file"};
+    fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) throw UnreadableInput{"cannot read " + path + ": " + std::strerror(errno)};
+  }
   std::string text;
-  if (path == "-") {
-    text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
-  } else {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-      std::cerr << "quillet script: cannot read " << path << "\n";
-      std::cout << json{{"ok", false}, {"error", "cannot read " + path}}.dump() << "\n";
-      return 2;
+  char buffer[65536];
+  for (;;) {
+    ssize_t n = ::read(fd, buffer, sizeof buffer);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) {
+      int err = errno;
+      if (fd != 0) ::close(fd);
+      throw UnreadableInput{"cannot read " + path + ": " + std::strerror(err)};
     }
-    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    if (n == 0) break;
+    text.append(buffer, static_cast<std::size_t>(n));
+    if (text.size() > kMaxScenarioBytes) {
+      if (fd != 0) ::close(fd);
+      throw UnreadableInput{"cannot read " + path + ": a scenario of more than 256 MiB"};
+    }
   }
-  json scenario;
-  try {
-    scenario = json::parse(text);
-  } catch (const json::parse_error& e) {
-    std::string why = std::string("the scenario is not valid JSON: ") + e.what();
-    std::cerr << "quillet script: " << why << "\n";
-    std::cout << json{{"ok", false}, {"error", why}}.dump() << "\n";
-    return 2;
-  }
+  if (fd != 0) ::close(fd);
+  return text;
+}
+
+// The outcome of a run that never started: the reason on both outputs.
+int Refused(const std::string& why, int status) {
+  std::cerr << "quillet script: " << why << "\n";
+  std::cout << json{{"ok", false}, {"error", why}}.dump(-1, ' ', false, json::error_handler_t::replace) << "\n";
+  return status;
+}
+
+}  // namespace
+
+int RunScriptCommand(const std::string& path) {
   int status;
-  json output;
+  std::unique_ptr<ScenarioRunner> runner;
   try {
-    ScenarioRunner runner;
-    std::filesystem::path base = path == "-" ? std::filesystem::current_path()
-                                             : std::filesystem::absolute(path).parent_path();
-    status = runner.Run(scenario, base);
-    output = runner.Output();
+    json scenario = ParseScenario(ReadScenarioText(path));
+    runner = std::make_unique<ScenarioRunner>();
+    std::error_code ec;
+    std::filesystem::path base = path == "-" ? std::filesystem::current_path(ec)
+                                             : std::filesystem::absolute(path, ec).parent_path();
+    status = runner->Run(scenario, base);
   } catch (const UnreadableInput& e) {
-    std::cerr << "quillet script: " << e.message << "\n";
-    std::cout << json{{"ok", false}, {"error", e.message}}.dump() << "\n";
-    return 2;
+    return Refused(e.message, 2);
+  } catch (const std::exception& e) {
+    // The runner's own machinery failed before a session could start (no temporary folder).
+    return Refused(e.what(), 2);
   }
+  const json& output = runner->Output();
   if (status != 0) std::cerr << "quillet script: " << output["error"].get<std::string>() << "\n";
   std::cout << output.dump(2, ' ', false, json::error_handler_t::replace) << "\n";
   return status;

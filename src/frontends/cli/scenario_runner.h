@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "frontends/cli/json_text.h"
 #include "frontends/cli/sandbox.h"
 #include "hostmodel/clock.h"
 #include "hostmodel/memory_platform.h"
@@ -18,7 +19,6 @@
 
 namespace quillet::cli {
 
-using nlohmann::json;
 class RunnerUiHost;
 
 class ScenarioRunner {
@@ -86,7 +86,6 @@ class ScenarioRunner {
   json steps_ = json::array();
   std::size_t next_ = 0;
   json transcript_ = json::array();
-  std::map<std::wstring, std::string> before_;
   json output_;
   std::filesystem::path baseFolder_;  // where relative real paths of the scenario start
 };

@@ -1,14 +1,17 @@
 // The steps of a scenario: what the host, the user and the clock do.
+#include <map>
 #include <set>
 
 #include "codetools/view_html.h"
 #include "frontends/cli/json_text.h"
+#include "frontends/cli/scenario_check.h"
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
 #include "generators/quillet.h"
 #include "settings/items.h"
 #include "hostmodel/keystrokes.h"
 #include "kernel/errors.h"
+#include "shell/menu_tree.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/user_input.h"
@@ -25,17 +28,13 @@ const std::set<std::string> kEditorSteps = {"select",  "activate",        "windo
                                             "addProject", "closeProject", "protect",   "clipboard",
                                             "saveProject"};
 
-std::string KeyOf(const json& step) {
-  if (!step.is_object() || step.empty()) throw ScenarioError{"a step is a JSON object with one kind of action"};
-  return step.begin().key();
-}
-
 }  // namespace
 
 void ScenarioRunner::Execute(const json& step) {
   std::string label = StepLabel(next_ - 1);
-  if (step.is_object() && step.contains("form")) return ExecuteFormStep(step);
-  std::string kind = KeyOf(step);
+  // The scenario was checked whole before the run: each step has exactly one action.
+  std::string kind = ActionOf(step);
+  if (kind == "form") return ExecuteFormStep(step);
   const json& value = step[kind];
   if (kAnswerSteps.count(kind))
     throw ScenarioError{label + ": this step answers a " + kind + ", but the engine is not asking for one"};
@@ -102,7 +101,7 @@ void ScenarioRunner::ExecuteFormStep(const json& step) {
   ui::Form& form = ui::UserInput::FindForm(*ui_, W(step["form"]));
   auto controlOf = [&](const json& name) -> ui::Control& { return ui::UserInput::FindControl(form, W(name)); };
   if (step.contains("set")) {
-    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), value);
+    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), nlohmann::json(value));
   } else if (step.contains("click")) {
     ui::UserInput::Click(controlOf(step["click"]));
   } else if (step.contains("dblclick")) {
@@ -231,6 +230,17 @@ std::string ScenarioRunner::WhyNotClickable(const host::MemoryControl& control) 
 json ScenarioRunner::DumpBar() const {
   auto bar = static_cast<host::MemoryCommandBars&>(vbe_->CommandBars()).Bar(L"Quillet");
   if (!bar) throw ScenarioError{StepLabel(next_ - 1) + ": there is no command bar \"Quillet\""};
+  // Each control's click handler, from the command table through the add-in's hooks.
+  std::map<const host::CommandBarControl*, std::string> handlers;
+  std::function<void(const std::vector<shell::MenuNode>&)> collect = [&](const std::vector<shell::MenuNode>& nodes) {
+    for (const auto& n : nodes) {
+      if (!n.handler.empty())
+        if (auto c = connect_->ControlOf(n.handler)) handlers[c.get()] = U(n.handler);
+      collect(n.children);
+    }
+  };
+  collect(shell::CommandBarTree());
+  if (auto c = connect_->ControlOf(L"mnuhControlAdd")) handlers[c.get()] = "mnuhControlAdd";
   std::function<json(const host::MemoryControls&)> dump = [&](const host::MemoryControls& controls) {
     json list = json::array();
     for (const auto& c : controls.All()) {
@@ -238,6 +248,7 @@ json ScenarioRunner::DumpBar() const {
       std::wstring id = c->Parameter();
       entry["id"] = id.empty() ? json(c->Id()) : json(std::stol(id));
       entry["caption"] = U(c->Caption());
+      if (auto h = handlers.find(c.get()); h != handlers.end()) entry["handler"] = h->second;
       entry["type"] = c->Type();
       entry["visible"] = c->Visible();
       entry["enabled"] = c->Enabled();
