@@ -15,7 +15,8 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "select",   "activate",        "window",       "selectComponent", "type",
                        "setCode",  "addComponent",    "removeComponent", "addProject",   "closeProject",
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
-                       "file",     "folder",          "dumpBar",      "dump",            "form"};
+                       "file",     "folder",          "dumpBar",      "dump",            "form",
+                       "convertToHtml"};
 const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "tab", "dump"};
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
@@ -280,6 +281,14 @@ void Step(const json& step, std::size_t index) {
     if (v.contains("folder")) Text(v["folder"], w + ".folder");
   } else if (a == "inputbox" || a == "file" || a == "folder") {
     TextOrNull(v, w);
+  } else if (a == "convertToHtml") {
+    if (v.is_string()) return;
+    Object(v, w, {"project", "component", "procedure", "kind"});
+    if (!v.contains("component")) Refuse(w, "expected the \"component\"");
+    if (v.contains("project")) Text(v["project"], w + ".project");
+    Text(v["component"], w + ".component");
+    if (v.contains("procedure")) Text(v["procedure"], w + ".procedure");
+    if (v.contains("kind")) Integer(v["kind"], w + ".kind", 0, 3);
   }
 }
 

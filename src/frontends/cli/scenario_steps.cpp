@@ -2,6 +2,7 @@
 #include <map>
 #include <set>
 
+#include "analysis/models_dump.h"
 #include "codetools/view_html.h"
 #include "frontends/cli/json_text.h"
 #include "frontends/cli/scenario_check.h"
@@ -91,6 +92,11 @@ void ScenarioRunner::Execute(const json& step) {
     return engine([&] { codetools::Convert2HTML(*session_, component, procedure, procKind); });
   }
   if (kind == "dumpBar") return Record(DumpBar());
+  if (kind == "dump" && value == "models") {
+    // What the scans know of the active project: the models as they stand now.
+    const auto& models = analysis::Models(*session_);
+    return Record(json{{"models", models ? json::parse(analysis::ModelsDescribe(*models).dump()) : json(nullptr)}});
+  }
   if (kind == "dump") throw ScenarioError{label + ": not available: the tool windows arrive later"};
   if (kEditorSteps.count(kind)) return ExecuteEditorStep(kind, value);
   throw ScenarioError{label + ": unknown step \"" + kind + "\""};
