@@ -14,11 +14,11 @@
 
 namespace quillet::cli {
 
-Sandbox::Sandbox() {
+Sandbox::Sandbox(bool zIsRoot) {
   std::string pattern = (std::filesystem::temp_directory_path() / "quillet-scenario-XXXXXX").string();
   if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder for the scenario");
   root_ = pattern;
-  fs_ = std::make_unique<io::MappedFileSystem>(root_);
+  fs_ = std::make_unique<io::MappedFileSystem>(root_, zIsRoot);
   view_ = fs_.get();
 }
 
