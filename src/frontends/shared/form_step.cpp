@@ -27,6 +27,8 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
     ui::UserInput::Click(controlOf(step["click"]));
   } else if (step.contains("dblclick")) {
     ui::UserInput::DblClick(controlOf(step["dblclick"]));
+  } else if (step.contains("close")) {
+    ui::UserInput::CloseForm(form);
   } else if (step.contains("focus")) {
     ui::UserInput::Focus(controlOf(step["focus"]));
   } else if (step.contains("key")) {
@@ -52,7 +54,7 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
       ui::UserInput::ChooseTab(*strip, index.get<int>());
     }
   } else {
-    throw BadFormStep{"a form action sets, clicks, dblclicks, focuses, keys, carets, nodes, items or tabs"};
+    throw BadFormStep{"a form action sets, clicks, dblclicks, closes, focuses, keys, carets, nodes, items or tabs"};
   }
 }
 

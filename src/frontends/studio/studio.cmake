@@ -39,3 +39,11 @@ target_compile_definitions(quillet_frontends PRIVATE
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(CPP_HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
 target_link_libraries(quillet_frontends PUBLIC PkgConfig::CPP_HTTPLIB)
+
+# The browser test: Debian's Chromium driven by playwright-core, when both are there.
+if(QUILLET_NODE AND EXISTS /usr/bin/chromium)
+  add_test(NAME studio_browser
+    COMMAND ${QUILLET_NODE} ${PROJECT_SOURCE_DIR}/tests/studio/studio_browser_test.mjs
+            $<TARGET_FILE:quillet> ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}/test-artifacts)
+  set_tests_properties(studio_browser PROPERTIES TIMEOUT 180)
+endif()

@@ -132,6 +132,7 @@ StudioServer::StudioServer(StudioEngine& engine)
   http.Get("/studio.css", [](const httplib::Request&, httplib::Response& res) {
     res.set_content(std::string(StudioAsset("studio.css")), "text/css; charset=utf-8");
   });
+  http.Get("/favicon.ico", [](const httplib::Request&, httplib::Response& res) { res.status = 204; });
   http.Get(R"(/pictures/(\d+m?)\.bmp)", [](const httplib::Request& req, httplib::Response& res) {
     std::filesystem::path p = std::filesystem::path(QUILLET_PICTURES_DIR) / (req.matches[1].str() + ".bmp");
     if (!std::filesystem::is_regular_file(p)) return Refuse(res, 404, "no such picture");
