@@ -15,6 +15,8 @@ struct Benchmark {
   std::function<void()> setup;
   std::function<void()> run;
   int repeats = 5;
+  // When set, the figure printed instead of the best time: a median, a size.
+  std::function<std::string()> report;
 };
 
 std::vector<Benchmark>& Registry();

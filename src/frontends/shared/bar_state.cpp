@@ -1,5 +1,6 @@
 #include "frontends/shared/bar_state.h"
 
+#include <cstdint>
 #include <functional>
 
 #include "vba/encoding.h"
@@ -45,6 +46,23 @@ json DescribeBar(const host::MemoryCommandBar& bar) {
   };
   auto& items = const_cast<host::MemoryCommandBar&>(bar).Items();
   return {{"controls", dump(items, json::array())}, {"enabled", bar.Enabled()}, {"visible", bar.Visible()}};
+}
+
+long long BarChanges(const host::MemoryCommandBar& bar) {
+  std::hash<std::wstring> text;
+  long long key = 1 + (bar.Visible() ? 2 : 0) + (bar.Enabled() ? 4 : 0);
+  std::function<void(const host::MemoryControls&)> walk = [&](const host::MemoryControls& controls) {
+    key = key * 7 + static_cast<long long>(controls.All().size());
+    for (const auto& c : controls.All()) {
+      // Visible and enabled changes are counted by the control; texts are hashed.
+      key = key * 31 + c->Writes() + c->ListCount() + static_cast<long long>(reinterpret_cast<std::uintptr_t>(c.get()) % 1021);
+      key = key * 31 + static_cast<long long>(text(c->Caption()) ^ (text(c->Text()) << 1) ^ (text(c->Picture()) << 2) ^
+                                              (text(c->TooltipText()) << 3)) + c->BeginGroup() + c->Style() * 3;
+      if (auto* children = static_cast<host::MemoryControls*>(c->Controls())) walk(*children);
+    }
+  };
+  walk(const_cast<host::MemoryCommandBar&>(bar).Items());
+  return key;
 }
 
 std::shared_ptr<host::MemoryControl> ControlAt(const host::MemoryCommandBar& bar, const std::vector<int>& path) {

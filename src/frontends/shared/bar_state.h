@@ -20,6 +20,10 @@ host::MemoryCommandBar* AddInBar(host::MemoryVBE& vbe);
 // from the bar down) so that a front-end can name it back.
 nlohmann::json DescribeBar(const host::MemoryCommandBar& bar);
 
+// A number that changes whenever anything the description shows changes (controls added,
+// removed or written to), so that a front-end redescribes the bar only then.
+long long BarChanges(const host::MemoryCommandBar& bar);
+
 // The control at a path of indexes, or nullptr.
 std::shared_ptr<host::MemoryControl> ControlAt(const host::MemoryCommandBar& bar, const std::vector<int>& path);
 

@@ -93,7 +93,13 @@ class StudioEngine::Impl {
   std::string stateText;
   long long revision = 0;
 
-  std::map<std::wstring, std::map<std::wstring, std::vector<std::wstring>>> saved;  // project -> component -> lines
+  std::map<std::wstring, std::map<std::wstring, std::vector<std::wstring>>> saved;
+  // Parts of the state kept until what they show changes.
+  std::map<std::wstring, std::pair<unsigned long long, bool>> dirtyCache;
+  std::pair<const void*, unsigned long long> linesOf{nullptr, 0};
+  json linesJson;
+  long long barKey = 0;
+  json barJson;  // project -> component -> lines
   std::thread thread;
 };
 

@@ -212,6 +212,7 @@ json StudioEngine::Impl::AskUser(json what) {
 void StudioEngine::Impl::MarkSaved(const host::MemoryProject& project) {
   auto& components = saved[project.Name()];
   components.clear();
+  dirtyCache.erase(project.Name());
   for (const auto& c : project.Components()) components[c->Name()] = c->Module()->AllLines();
 }
 
@@ -232,7 +233,12 @@ json StudioEngine::Impl::BuildState() {
   for (const auto& p : vbe->Projects()) {
     json comps = json::array();
     for (const auto& c : p->Components()) comps.push_back({{"name", U(c->Name())}, {"type", c->Type()}});
-    projects.push_back({{"name", U(p->Name())}, {"folder", U(p->folder)}, {"dirty", Dirty(*p)}, {"components", comps}});
+    // Whether the project differs from its folder is asked again only after an edit.
+    unsigned long long edits = p->Components().size();
+    for (const auto& c : p->Components()) edits += c->Module()->Revision() * 31 + c->Name().size();
+    auto& known = dirtyCache[p->Name()];
+    if (known.first != edits + 1) known = {edits + 1, Dirty(*p)};
+    projects.push_back({{"name", U(p->Name())}, {"folder", U(p->folder)}, {"dirty", known.second}, {"components", comps}});
   }
   s["projects"] = projects;
   json active = nullptr;
@@ -242,14 +248,25 @@ json StudioEngine::Impl::BuildState() {
     auto project = component->Project();
     long a, b, c, d;
     pane->GetSelection(a, b, c, d);
+    if (linesOf.first != module.get() || linesOf.second != module->Revision()) {
+      linesOf = {module.get(), module->Revision()};
+      linesJson = LinesJson(module->AllLines());
+    }
     active = {{"project", U(project ? project->Name() : L"")}, {"component", U(component->Name())},
-              {"lines", LinesJson(module->AllLines())}, {"selection", {a, b, c, d}}};
+              {"lines", linesJson}, {"selection", {a, b, c, d}}};
   }
   s["active"] = active;
   auto window = vbe->ActiveWindow();
   s["focus"] = window && window->Type() == host::kImmediateWindow ? "immediate" : "code";
   auto* bar = frontends::AddInBar(*vbe);
-  s["bar"] = bar ? frontends::DescribeBar(*bar) : json(nullptr);
+  if (!bar) {
+    barJson = nullptr;
+    barKey = 0;
+  } else if (long long key = frontends::BarChanges(*bar); key != barKey) {
+    barKey = key;
+    barJson = frontends::DescribeBar(*bar);
+  }
+  s["bar"] = barJson;
   json forms = json::array();
   ui::Form* top = ui->TopModal();
   for (ui::Form* f : ui->Forms()) {

@@ -83,6 +83,8 @@ struct StudioServer::Impl {
 StudioServer::StudioServer(StudioEngine& engine)
     : impl_(std::make_unique<Impl>()), engine_(engine), token_(MakeToken()) {
   auto& http = impl_->http;
+  // Small replies go out at once: no waiting for more bytes to fill a packet.
+  http.set_tcp_nodelay(true);
 
   http.set_pre_routing_handler([this](const httplib::Request& req, httplib::Response& res) {
     // No DNS rebinding: the Host must be the loopback address and our port.
