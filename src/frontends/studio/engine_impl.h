@@ -92,6 +92,7 @@ class StudioEngine::Impl {
   json state;
   std::string stateText;
   long long revision = 0;
+  bool closing = false;  // the studio stops: no wait for a new state holds
 
   std::map<std::wstring, std::map<std::wstring, std::vector<std::wstring>>> saved;
   // Parts of the state kept until what they show changes.

@@ -296,7 +296,7 @@ void StudioEngine::Impl::Publish() {
 
 json StudioEngine::Impl::WaitState(long long since, std::chrono::milliseconds timeout) {
   std::unique_lock lock(stateMutex);
-  stateCv.wait_for(lock, timeout, [&] { return revision > since; });
+  stateCv.wait_for(lock, timeout, [&] { return closing || revision > since; });
   return state;
 }
 
@@ -373,6 +373,12 @@ json StudioEngine::Act(const json& action) {
 
 json StudioEngine::WaitState(long long since, std::chrono::milliseconds timeout) {
   return impl_->WaitState(since, timeout);
+}
+
+void StudioEngine::Close() {
+  std::lock_guard lock(impl_->stateMutex);
+  impl_->closing = true;
+  impl_->stateCv.notify_all();
 }
 
 json StudioEngine::State() { return impl_->WaitState(-1, std::chrono::milliseconds(0)); }

@@ -45,6 +45,8 @@ class StudioEngine {
   // The state once its revision is above `since`, or the current one after `timeout`.
   json WaitState(long long since, std::chrono::milliseconds timeout);
   json State();
+  // Releases every wait for a new state, now and from now on: the studio closes.
+  void Close();
 
   // The folders the page may browse and answer with (real paths, canonical).
   std::vector<std::filesystem::path> AllowedFolders() const;

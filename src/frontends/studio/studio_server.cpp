@@ -4,6 +4,8 @@
 
 #include <cctype>
 #include <csignal>
+#include <pthread.h>
+#include <thread>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -182,13 +184,6 @@ void StudioServer::Listen() { impl_->http.listen_after_bind(); }
 
 void StudioServer::Stop() { impl_->http.stop(); }
 
-namespace {
-StudioServer* running = nullptr;
-void OnSignal(int) {
-  if (running) running->Stop();
-}
-}  // namespace
-
 int RunStudioCommand(int argc, char** argv) {
   std::filesystem::path folder;
   int port = 0;
@@ -204,6 +199,12 @@ int RunStudioCommand(int argc, char** argv) {
     }
   }
   if (folder.empty()) folder = QUILLET_SAMPLE_PROJECT;
+  // The signals that stop the studio are taken by the main thread alone.
+  sigset_t stopSignals;
+  sigemptyset(&stopSignals);
+  sigaddset(&stopSignals, SIGINT);
+  sigaddset(&stopSignals, SIGTERM);
+  pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr);
   try {
     StudioEngine engine(folder);
     StudioServer server(engine);
@@ -214,11 +215,14 @@ int RunStudioCommand(int argc, char** argv) {
     std::printf("Quillet studio on %s\nopen %s\n", std::filesystem::canonical(folder).string().c_str(),
                 server.Address().c_str());
     std::fflush(stdout);
-    running = &server;
-    std::signal(SIGINT, OnSignal);
-    std::signal(SIGTERM, OnSignal);
-    server.Listen();
-    running = nullptr;
+    // Ctrl+C or a termination request ends the studio: the waits for new states are
+    // released first, so the server stops at once.
+    std::thread listening([&] { server.Listen(); });
+    int signal = 0;
+    sigwait(&stopSignals, &signal);
+    engine.Close();
+    server.Stop();
+    listening.join();
   } catch (const std::exception& e) {
     std::fprintf(stderr, "quillet studio: %s\n", e.what());
     return 1;

@@ -43,6 +43,28 @@ export class Forms {
       this.shown.set(f.form, { text, root, desc: f });
       if (f.top || !forms.some((g) => g.top)) this.focusActive(f, root);
     });
+    this.place(forms);
+  }
+
+  // The first form stands where the page puts it (a modal one in the middle); the forms
+  // the engine places after it, such as the pop-ups at a text box's caret, keep their
+  // place relative to it, as on the screen the engine measures.
+  place(forms) {
+    let offset = null;
+    for (const f of forms) {
+      const shown = this.shown.get(f.form);
+      if (!shown) continue;
+      const win = shown.root.firstChild;
+      if (offset === null) {
+        const r = win.getBoundingClientRect();
+        offset = { x: r.left - f.left / 15, y: r.top - f.top / 15 };
+        continue;
+      }
+      if (!(f.left > 0 || f.top > 0)) continue;
+      shown.root.classList.add('placed');
+      win.style.left = Math.round(f.left / 15 + offset.x) + 'px';
+      win.style.top = Math.round(f.top / 15 + offset.y) + 'px';
+    }
   }
 
   // The top form that takes the keyboard: the modal one, else the last shown.
@@ -78,12 +100,7 @@ export class Forms {
       const parent = c.container && boxes.get(c.container);
       (parent ? parent.querySelector(':scope > .inner') || parent : body).append(e);
     }
-    const placed = f.left > 0 || f.top > 0;
     const holder = el('div', { class: f.modal ? 'modal-shade' : 'modeless' }, win);
-    if (placed && !f.modal) {
-      win.style.left = px(f.left);
-      win.style.top = px(f.top);
-    }
     holder.style.zIndex = String(10 + order * 2);
     return holder;
   }
