@@ -13,20 +13,28 @@ export class Forms {
     parent.append(this.layer);
     this.shown = new Map();  // form name -> {text, root}
     this.pending = 0;        // sets on their way: the form is not redrawn under the typing
+    this.sent = new Map();   // "form.control" -> the text last sent from a box
+    this.awaited = 0;        // the revision the last action led to
+    this.lastRevision = 0;
     document.addEventListener('keydown', (e) => this.onKey(e), true);
   }
 
   send(form, action) {
     this.pending++;
-    return act({ do: 'form', form, ...action }).finally(() => {
+    return act({ do: 'form', form, ...action }).then((reply) => {
+      if (reply && reply.revision) this.awaited = Math.max(this.awaited, reply.revision);
+    }).finally(() => {
       this.pending--;
-      if (!this.pending && this.lastForms) this.update(this.lastForms, true);
+      // The state the last action led to is drawn once it is here; an older one would
+      // undo what the user did since.
+      if (!this.pending && this.lastForms && this.lastRevision >= this.awaited) this.update(this.lastForms, this.lastRevision);
     });
   }
 
-  update(forms, force = false) {
+  update(forms, revision) {
     this.lastForms = forms;
-    if (this.pending && !force) return;
+    this.lastRevision = revision;
+    if (this.pending || revision < this.awaited) return;
     const names = new Set(forms.map((f) => f.form));
     for (const [name, shown] of this.shown)
       if (!names.has(name)) {
@@ -34,14 +42,34 @@ export class Forms {
         this.shown.delete(name);
       }
     forms.forEach((f, i) => {
-      const text = JSON.stringify(f);
       const old = this.shown.get(f.form);
-      if (old && old.text === text && !force) return;
+      const typing = old && old.root.contains(document.activeElement) && document.activeElement.closest('.ctl');
+      const name = typing ? typing.dataset.name : null;
+      if (old && this.signature(old.desc, name) === this.signature(f, name)) {
+        // Only what the user is typing or where the focus stands changed: the form stays
+        // as drawn, so no keystroke is lost; the focus follows the engine's.
+        old.desc = f;
+        if (f.top || !forms.some((g) => g.top)) this.focusActive(f, old.root, true);
+        return;
+      }
+      const field = typing && typing.matches('input,textarea') ? typing : null;
+      const typed = field ? { value: field.value, start: field.selectionStart, end: field.selectionEnd } : null;
       const root = this.drawForm(f, i);
       if (old) old.root.replaceWith(root);
       else this.layer.append(root);
-      this.shown.set(f.form, { text, root, desc: f });
+      this.shown.set(f.form, { root, desc: f });
       if (f.top || !forms.some((g) => g.top)) this.focusActive(f, root);
+      if (typed) {
+        // What the user typed ahead of the engine stays in the box; a text the engine
+        // wrote itself replaces it.
+        const c = f.controls.find((x) => x.name === name);
+        const box = root.querySelector(`.ctl[data-name="${CSS.escape(name)}"]`);
+        const engineWrote = !this.pending && c && c.text !== this.sent.get(f.form + '.' + name);
+        if (box && box.matches('input,textarea') && !engineWrote) {
+          box.value = typed.value;
+          if (document.activeElement === box) box.setSelectionRange(typed.start, typed.end);
+        }
+      }
     });
     this.place(forms);
   }
@@ -65,6 +93,13 @@ export class Forms {
       win.style.left = Math.round(f.left / 15 + offset.x) + 'px';
       win.style.top = Math.round(f.top / 15 + offset.y) + 'px';
     }
+  }
+
+  // The form's description without what the page shows by itself: the focus, and the
+  // text and caret of the control being typed in.
+  signature(f, typing) {
+    return JSON.stringify({ ...f, activeControl: undefined,
+      controls: f.controls.map((c) => (c.name === typing ? { ...c, text: undefined, selStart: undefined, selLength: undefined } : c)) });
   }
 
   // The top form that takes the keyboard: the modal one, else the last shown.
@@ -143,7 +178,10 @@ export class Forms {
         input.value = c.text || '';
         input.disabled = disabled;
         input.readOnly = !!c.locked;
-        input.addEventListener('input', () => set(input.value));
+        input.addEventListener('input', () => {
+          this.sent.set(f.form + '.' + c.name, input.value);
+          set(input.value);
+        });
         input.addEventListener('focus', () => this.focusFromUser(f, c));
         input.dataset.selStart = c.selStart;
         input.dataset.selLength = c.selLength;
@@ -258,10 +296,11 @@ export class Forms {
     if (f.activeControl !== c.name) this.send(f.form, { focus: c.name });
   }
 
-  focusActive(f, root) {
+  focusActive(f, root, onlyIfMoved = false) {
     if (!f.activeControl) return;
     const box = root.querySelector(`.ctl[data-name="${CSS.escape(f.activeControl)}"]`);
     if (!box) return;
+    if (onlyIfMoved && box.contains(document.activeElement)) return;
     const target = box.matches('input,textarea,select,button') ? box : box.querySelector('input,textarea,select,button');
     if (!target) return;
     target.focus({ preventScroll: true });

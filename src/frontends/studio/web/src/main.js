@@ -81,7 +81,7 @@ function start() {
     bar.update(s.bar);
     immediateText.textContent = s.immediate;
     immediateText.scrollTop = immediateText.scrollHeight;
-    forms.update(s.forms);
+    forms.update(s.forms, s.revision);
     boxes.update(s.ask);
     if (!s.forms.length && !s.ask && !document.activeElement.closest('.immediate,.bar')) pane.focus();
   });
