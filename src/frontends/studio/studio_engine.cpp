@@ -65,8 +65,12 @@ StudioEngine::Impl::Impl(fs::path folder) {
   clock.SetStart(LocalNow());
 
   platform = std::make_unique<host::MemoryPlatform>(sandbox.TakeFileSystem(), kProgramFolder, kTempFolder);
+  // Keystrokes the engine sends reach the editor by themselves; what else the platform
+  // does for the engine (a document opened) is told to the page, the last few of it.
   platform->onEvent = [this](const host::MemoryPlatform::Event& e) {
-    notices.push_back({{"kind", e.kind}, {"text", U(e.text)}});
+    if (e.kind == "sendkeys") return;
+    notices.push_back({{"kind", e.kind}, {"text", U(e.text)}, {"id", ++noticeCount}});
+    if (notices.size() > 5) notices.erase(notices.begin());
   };
   vbe = std::make_unique<host::MemoryVBE>(*platform);
   uiHost = std::make_unique<StudioUiHost>(*this);

@@ -171,8 +171,10 @@ export class Forms {
         const label = el('label', { 'data-key': key }, input, node);
         return label;
       }
-      case 'TextBox':
-      case 'RichTextBox': {
+      case 'RichTextBox':
+        if (c.locked && c.runs) return this.richText(c);
+      // fall through: an editable rich text box is typed in as a text box
+      case 'TextBox': {
         const multi = c.multiLine || c.kind === 'RichTextBox';
         const input = multi ? el('textarea') : el('input', { type: 'text' });
         input.value = c.text || '';
@@ -290,6 +292,26 @@ export class Forms {
       default:
         return el('div', { text: c.kind });
     }
+  }
+
+  // A locked rich text box shows its text with the colours and styles of its runs.
+  richText(c) {
+    const box = el('div', { class: 'rich' });
+    const text = c.text || '';
+    let at = 0;
+    const colour = (bgr) => `rgb(${bgr & 255},${(bgr >> 8) & 255},${(bgr >> 16) & 255})`;
+    for (const r of c.runs) {
+      if (r.start > at) box.append(text.slice(at, r.start));
+      const span = el('span', { text: text.slice(r.start, r.start + r.length) });
+      span.style.color = colour(r.color || 0);
+      if (r.bold) span.style.fontWeight = 'bold';
+      if (r.italic) span.style.fontStyle = 'italic';
+      if (r.underline) span.style.textDecoration = 'underline';
+      box.append(span);
+      at = r.start + r.length;
+    }
+    box.append(text.slice(at));
+    return box;
   }
 
   focusFromUser(f, c) {

@@ -30,6 +30,7 @@ function start() {
   const forms = new Forms(document.body);
   const boxes = new Boxes(document.body);
   let dirty = false;
+  let lastNotice = null;
   let state = null;
 
   saveButton.addEventListener('click', async () => {
@@ -74,6 +75,11 @@ function start() {
     if (dirty) {
       status.textContent = 'Unsaved changes';
       status.classList.remove('warn');
+    }
+    const notice = s.notices[s.notices.length - 1];
+    if (notice && notice.id !== lastNotice) {
+      lastNotice = notice.id;
+      status.textContent = (notice.kind === 'shellOpen' ? 'Opened ' : notice.kind + ': ') + notice.text;
     }
     drawTree(tree, s.projects, s.active);
     codeTitle.textContent = s.active ? `${s.active.project} - ${s.active.component} (Code)` : '';
