@@ -4,6 +4,7 @@
 
 #include "frontends/shared/bar_state.h"
 #include "frontends/studio/engine_impl.h"
+#include "frontends/studio/fenced_file_system.h"
 #include "io/paths.h"
 #include "io/project_folder.h"
 #include "settings/items.h"
@@ -64,7 +65,17 @@ StudioEngine::Impl::Impl(fs::path folder) {
   settings::WriteDefaultSettingsFiles(sandbox.Files(), kProgramFolder, L"Developer");
   clock.SetStart(LocalNow());
 
-  platform = std::make_unique<host::MemoryPlatform>(sandbox.TakeFileSystem(), kProgramFolder, kTempFolder);
+  // The engine reaches the sandbox's drives, the project folder and the picked folders.
+  fs::path drives = fs::weakly_canonical(sandbox.Files().RealPath(L"C:\\")).parent_path();
+  auto fenced = std::make_unique<FencedFileSystem>(sandbox.TakeFileSystem(), [this, drives](std::wstring_view path) {
+    if (AllowedIn(*this, path)) return true;
+    try {
+      return Within(fs::weakly_canonical(sandbox.Files().RealPath(path)), drives);
+    } catch (...) {
+      return false;
+    }
+  });
+  platform = std::make_unique<host::MemoryPlatform>(std::move(fenced), kProgramFolder, kTempFolder);
   // Keystrokes the engine sends reach the editor by themselves; what else the platform
   // does for the engine (a document opened) is told to the page, the last few of it.
   platform->onEvent = [this](const host::MemoryPlatform::Event& e) {
