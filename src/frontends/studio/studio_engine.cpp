@@ -67,13 +67,14 @@ StudioEngine::Impl::Impl(fs::path folder) {
 
   // The engine reaches the sandbox's drives, the project folder and the picked folders.
   fs::path drives = fs::weakly_canonical(sandbox.Files().RealPath(L"C:\\")).parent_path();
+  // The sandbox holds no links, so a path inside it is told apart by its text alone.
   auto fenced = std::make_unique<FencedFileSystem>(sandbox.TakeFileSystem(), [this, drives](std::wstring_view path) {
-    if (AllowedIn(*this, path)) return true;
     try {
-      return Within(fs::weakly_canonical(sandbox.Files().RealPath(path)), drives);
+      if (Within(sandbox.Files().RealPath(path).lexically_normal(), drives)) return true;
     } catch (...) {
       return false;
     }
+    return AllowedIn(*this, path);
   });
   platform = std::make_unique<host::MemoryPlatform>(std::move(fenced), kProgramFolder, kTempFolder);
   // Keystrokes the engine sends reach the editor by themselves; what else the platform
