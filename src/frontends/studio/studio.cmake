@@ -19,16 +19,18 @@ if(QUILLET_NPM AND QUILLET_NODE)
     WORKING_DIRECTORY ${studio_web}
     COMMENT "Bundling the studio's script")
   set(studio_js ${studio_out}/studio.js)
+  set(studio_js_dep ${studio_js})
 else()
   message(STATUS "node or npm missing: the studio is built without its script")
   set(studio_js ${studio_out}/missing.js)
+  set(studio_js_dep)
 endif()
 add_custom_command(
   OUTPUT ${studio_out}/studio_assets.cpp
   COMMAND ${CMAKE_COMMAND} -DOUT=${studio_out}/studio_assets.cpp
           "-DFILES=index.html=${studio_web}/index.html\;studio.css=${studio_web}/studio.css\;studio.js=${studio_js}"
           -P ${CMAKE_CURRENT_SOURCE_DIR}/frontends/studio/embed_assets.cmake
-  DEPENDS ${studio_web}/index.html ${studio_web}/studio.css ${studio_js}
+  DEPENDS ${studio_web}/index.html ${studio_web}/studio.css ${studio_js_dep}
           ${CMAKE_CURRENT_SOURCE_DIR}/frontends/studio/embed_assets.cmake
   COMMENT "Building the studio's page into the program")
 target_sources(quillet_frontends PRIVATE ${studio_out}/studio_assets.cpp)
