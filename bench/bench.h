@@ -17,6 +17,8 @@ struct Benchmark {
   int repeats = 5;
   // A figure of its own printed beside the time (a ratio, a size), given the best time.
   std::function<std::string(double ms)> remark;
+  // When set, the figure printed instead of the best time: a median, a size.
+  std::function<std::string()> report;
 };
 
 std::vector<Benchmark>& Registry();

@@ -29,6 +29,10 @@ int main(int argc, char** argv) {
   std::printf("%-58s %12s   %s\n", "benchmark", "best (ms)", "target");
   for (const Benchmark& b : Registry()) {
     if (only && b.name.find(only) == std::string::npos) continue;
+    if (b.report) {
+      std::printf("%-58s %12s   %s\n", b.name.c_str(), b.report().c_str(), b.target.c_str());
+      continue;
+    }
     double ms = BestMilliseconds(b);
     std::string remark = b.remark ? b.remark(ms) : std::string();
     std::printf("%-58s %12.3f   %s%s%s\n", b.name.c_str(), ms, b.target.c_str(), remark.empty() ? "" : "   ",

@@ -4,6 +4,7 @@
 
 #include "frontends/cli/cli.h"
 #include "frontends/cli/html_command.h"
+#include "frontends/studio/studio_server.h"
 #include "version.h"
 
 namespace {
@@ -18,6 +19,8 @@ struct Subcommand {
 // ("commands": every dispatcher command and command bar handler with its caption; "html":
 // a module as an HTML page), each answering "--help" itself.
 const Subcommand kSubcommands[] = {
+    {"studio", "[FOLDER] [--port N]   open a folder of exported modules in the studio, a web page on 127.0.0.1",
+     quillet::studio::RunStudioCommand},
     {"script", "FILE|-   play a scenario on the in-memory editor and print its outcome as JSON",
      quillet::cli::ScriptMain},
     {"html", "FILE.bas|FILE.cls|FOLDER [-o OUT]   a module or a folder of modules as coloured HTML pages",

@@ -19,7 +19,7 @@ namespace quillet::cli {
 // The sandbox's file system: notes what a file held before its first recorded change.
 class Sandbox::Recorder : public io::MappedFileSystem {
  public:
-  explicit Recorder(std::filesystem::path root) : MappedFileSystem(std::move(root)) { SetDurable(false); }
+  Recorder(std::filesystem::path root, bool zIsRoot) : MappedFileSystem(std::move(root), zIsRoot) { SetDurable(false); }
 
   void WriteFile(std::wstring_view path, std::string_view bytes) override {
     Note(path);
@@ -76,11 +76,11 @@ std::filesystem::path SandboxParent() {
 
 }  // namespace
 
-Sandbox::Sandbox() {
+Sandbox::Sandbox(bool zIsRoot) {
   std::string pattern = (SandboxParent() / "quillet-scenario-XXXXXX").string();
   if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder for the scenario");
   root_ = pattern;
-  auto recorder = std::make_unique<Recorder>(root_);
+  auto recorder = std::make_unique<Recorder>(root_, zIsRoot);
   view_ = recorder.get();
   fs_ = std::move(recorder);
 }

@@ -14,7 +14,9 @@ namespace quillet::cli {
 
 class Sandbox {
  public:
-  Sandbox();
+  // With zIsRoot, drive Z: is the real file system's root, so that real folders can be
+  // opened beside the private drives.
+  explicit Sandbox(bool zIsRoot = false);
   ~Sandbox();
   Sandbox(const Sandbox&) = delete;
   Sandbox& operator=(const Sandbox&) = delete;

@@ -17,7 +17,7 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
                        "convertToHtml"};
-const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "tab", "dump"};
+const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "tab", "dump", "focus", "close"};
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
 bool Has(const Keys& keys, const std::string& k) { return std::find(keys.begin(), keys.end(), k) != keys.end(); }
@@ -188,8 +188,10 @@ void FormStep(const json& step, const std::string& label) {
   std::string w = label + ": \"" + a + "\"";
   if (a == "set") {
     ScalarMap(v, w);
-  } else if (a == "click" || a == "dblclick") {
+  } else if (a == "click" || a == "dblclick" || a == "focus") {
     Text(v, w);
+  } else if (a == "close") {
+    if (v != true) Refuse(w, "expected true");
   } else if (a == "key") {
     Object(v, w, {"control", "keyAscii", "keyCode", "shift"});
     if (!v.contains("control")) Refuse(w, "expected the \"control\" that gets the key");

@@ -8,6 +8,8 @@
 #include "frontends/cli/scenario_check.h"
 #include "frontends/cli/scenario_error.h"
 #include "frontends/cli/scenario_runner.h"
+#include "frontends/shared/bar_state.h"
+#include "frontends/shared/form_step.h"
 #include "generators/quillet.h"
 #include "settings/items.h"
 #include "hostmodel/keystrokes.h"
@@ -104,40 +106,14 @@ void ScenarioRunner::Execute(const json& step) {
 
 void ScenarioRunner::ExecuteFormStep(const json& step) {
   std::string label = StepLabel(next_ - 1);
-  ui::Form& form = ui::UserInput::FindForm(*ui_, W(step["form"]));
-  auto controlOf = [&](const json& name) -> ui::Control& { return ui::UserInput::FindControl(form, W(name)); };
-  if (step.contains("set")) {
-    for (const auto& [name, value] : step["set"].items()) ui::UserInput::Set(form, W(json(name)), nlohmann::json(value));
-  } else if (step.contains("click")) {
-    ui::UserInput::Click(controlOf(step["click"]));
-  } else if (step.contains("dblclick")) {
-    ui::UserInput::DblClick(controlOf(step["dblclick"]));
-  } else if (step.contains("key")) {
-    const json& k = step["key"];
-    ui::Control& c = controlOf(k.at("control"));
-    if (k.contains("keyAscii")) ui::UserInput::Key(c, k["keyAscii"].get<int>());
-    else ui::UserInput::KeyDown(c, k.at("keyCode").get<int>(), k.value("shift", 0));
-  } else if (step.contains("caret")) {
-    const json& k = step["caret"];
-    ui::UserInput::Caret(controlOf(k.at("control")), k.at("start").get<long>(), k.value("length", 0L));
-  } else if (step.contains("node")) {
-    for (const auto& [name, key] : step["node"].items()) {
-      auto* tree = dynamic_cast<ui::TreeView*>(&controlOf(json(name)));
-      if (!tree) throw ScenarioError{label + ": " + name + " is no tree view"};
-      ui::UserInput::ClickNode(*tree, W(key));
-    }
-  } else if (step.contains("item")) {
-    for (const auto& [name, key] : step["item"].items()) ui::UserInput::ClickItem(controlOf(json(name)), W(key));
-  } else if (step.contains("tab")) {
-    for (const auto& [name, index] : step["tab"].items()) {
-      auto* strip = dynamic_cast<ui::TabStrip*>(&controlOf(json(name)));
-      if (!strip) throw ScenarioError{label + ": " + name + " is no tab strip"};
-      ui::UserInput::ChooseTab(*strip, index.get<int>());
-    }
-  } else if (step.contains("dump")) {
-    Record({{"dump", form.Describe()}});
-  } else {
-    throw ScenarioError{label + ": a form step sets, clicks, dblclicks, keys, carets, nodes, items, tabs or dumps"};
+  if (step.contains("dump")) {
+    Record({{"dump", ui::UserInput::FindForm(*ui_, W(step["form"])).Describe()}});
+    return;
+  }
+  try {
+    frontends::ApplyFormStep(*ui_, step);
+  } catch (const frontends::BadFormStep& e) {
+    throw ScenarioError{label + ": " + e.what()};
   }
 }
 
@@ -211,26 +187,9 @@ void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& valu
 }
 
 std::string ScenarioRunner::WhyNotClickable(const host::MemoryControl& control) const {
-  auto bar = static_cast<host::MemoryCommandBars&>(vbe_->CommandBars()).Bar(L"Quillet");
+  auto* bar = frontends::AddInBar(*vbe_);
   if (!bar) return "there is no command bar";
-  // The path from the bar to the control: each step on it must be shown and enabled.
-  std::vector<const host::MemoryControl*> path;
-  std::function<bool(const host::MemoryControls&)> find = [&](const host::MemoryControls& controls) {
-    for (const auto& c : controls.All()) {
-      path.push_back(c.get());
-      if (c.get() == &control) return true;
-      if (auto* children = static_cast<host::MemoryControls*>(c->Controls()); children && find(*children)) return true;
-      path.pop_back();
-    }
-    return false;
-  };
-  if (!find(bar->Items())) return "";  // a control of another bar (Access's own)
-  if (!bar->Visible() || !bar->Enabled()) return "the command bar is disabled";
-  for (const auto* c : path) {
-    if (!c->Visible()) return U(c->Caption()) + " is hidden";
-    if (!c->Enabled()) return U(c->Caption()) + " is disabled";
-  }
-  return "";
+  return frontends::WhyNotClickable(*bar, control);
 }
 
 json ScenarioRunner::DumpBar() const {

@@ -1,0 +1,114 @@
+// The studio in a real browser: headless Chromium driven by playwright-core opens the studio
+// on a copy of the sample project, types in the code pane, adds an If block from the bar's
+// menu, opens the settings dialog (screenshot kept), closes it, saves and reads the file.
+//   node studio_browser_test.mjs QUILLET SOURCE_DIR ARTIFACT_DIR
+import { spawn } from 'node:child_process';
+import { mkdtempSync, cpSync, readFileSync, rmSync, mkdirSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { createRequire } from 'node:module';
+
+const [quillet, sourceDir, artifacts] = process.argv.slice(2);
+const require = createRequire(join(sourceDir, 'src/frontends/studio/web/package.json'));
+const { chromium } = require('playwright-core');
+
+const work = mkdtempSync(join(tmpdir(), 'quillet-browser-'));
+const project = join(work, 'Invoicing');
+cpSync(join(sourceDir, 'sample/Invoicing'), project, { recursive: true });
+mkdirSync(artifacts, { recursive: true });
+
+function fail(message) {
+  throw new Error(message);
+}
+
+const studio = spawn(quillet, ['studio', project], { stdio: ['ignore', 'pipe', 'inherit'] });
+const address = await new Promise((resolve, reject) => {
+  let out = '';
+  studio.stdout.on('data', (d) => {
+    out += d;
+    const m = out.match(/open (http:\/\/127\.0\.0\.1:\d+\/\?token=[0-9a-f]+)/);
+    if (m) resolve(m[1]);
+  });
+  studio.on('exit', (code) => reject(new Error('the studio stopped: ' + code)));
+  setTimeout(() => reject(new Error('the studio printed no address')), 20000);
+});
+
+const context = await chromium.launchPersistentContext(join(work, 'profile'), {
+  executablePath: '/usr/bin/chromium',
+  headless: true,
+  args: ['--headless', '--no-sandbox', '--disable-gpu', '--disable-background-networking', '--no-first-run',
+         '--disable-component-update', '--disable-sync'],
+  viewport: { width: 1280, height: 800 },
+});
+let ok = false;
+try {
+  const page = context.pages()[0] || (await context.newPage());
+  const problems = [];
+  page.on('console', (m) => { if (m.type() === 'error') problems.push(m.text()); });
+  page.on('pageerror', (e) => problems.push(e.message));
+  await page.goto(address);
+  const lines = () => page.$$eval('.cm-line', (ls) => ls.map((l) => l.textContent));
+  const waitLines = async (test, what) => {
+    for (let i = 0; i < 100; i++) {
+      const l = await lines();
+      if (test(l)) return l;
+      await page.waitForTimeout(50);
+    }
+    fail('the code pane never showed ' + what + ':\n' + (await lines()).join('\n'));
+  };
+
+  // Open basUtilities from the tree; the pane shows its code.
+  await page.click('.tree .comp[data-component="basUtilities"]');
+  await page.waitForSelector('.codetitle:has-text("basUtilities")');
+  let l = await waitLines((ls) => ls.includes('End Function'), 'End Function');
+  const end = l.indexOf('End Function');
+
+  // Type: the caret to the start of End Function, a new line above, a statement there.
+  await page.locator('.cm-line').nth(end).click();
+  await page.keyboard.press('Home');
+  await page.keyboard.press('Enter');
+  await page.keyboard.press('ArrowUp');
+  await page.keyboard.type('x = 1', { delay: 10 });
+  l = await waitLines((ls) => ls[end] === 'x = 1', '"x = 1" typed');
+  await page.keyboard.press('End');
+  await page.keyboard.press('Enter');
+  await page.waitForSelector('.save:not([disabled])');
+
+  // The bar's menu: Quillet > If > Then writes the block at the caret.
+  await page.waitForTimeout(400);  // a few heartbeats: the bar follows the caret
+  await page.click('.barbtn:has-text("Quillet")');
+  await page.click('.mitem:has-text("If")');
+  await page.click('.menu .menu .mitem:has-text("Then")');
+  l = await waitLines((ls) => ls.some((x) => /^\s*If\s+Then$/.test(x)), 'the If block');
+  const ifAt = l.findIndex((x) => /^\s*If\s+Then$/.test(x));
+  if (!/^\s*End If$/.test(l[ifAt + 2])) fail('no End If below the If:\n' + l.slice(ifAt - 2, ifAt + 4).join('\n'));
+
+  // The settings dialog from the Help menu, drawn from its description.
+  await page.click('.barbtn:has-text("Help")');
+  await page.click('.mitem:has-text("Settings")');
+  await page.waitForSelector('.form[data-form="frmSettings"]');
+  await page.waitForSelector('.form[data-form="frmSettings"] .k-TabStrip button');
+  await page.screenshot({ path: join(artifacts, 'studio-settings-dialog.png') });
+  await page.click('.form[data-form="frmSettings"] .k-TabStrip button:has-text("Prefixes")');
+  await page.waitForSelector('.form[data-form="frmSettings"] .k-TabStrip button.on:has-text("Prefixes")');
+  // Escape is the dialog's Cancel button.
+  await page.keyboard.press('Escape');
+  await page.waitForSelector('.form[data-form="frmSettings"]', { state: 'detached' });
+
+  // Save: the file on disk holds what the pane shows.
+  await page.click('.save');
+  await page.waitForSelector('.save[disabled]');
+  const file = readFileSync(join(project, 'basUtilities.bas'), 'latin1').replace(/\r\n/g, '\n');
+  const shown = (await lines()).join('\n');
+  if (!file.includes('x = 1\n')) fail('the saved file lacks the typed line');
+  if (!file.includes(l[ifAt] + '\n')) fail('the saved file lacks the If block');
+  if (!file.endsWith(shown + '\n') && !file.includes(shown)) fail('the saved file differs from the pane');
+  if (problems.length) fail('the page reported errors:\n' + problems.join('\n'));
+  ok = true;
+  console.log('studio browser test: passed');
+} finally {
+  await context.close();
+  studio.kill('SIGTERM');
+  rmSync(work, { recursive: true, force: true });
+}
+process.exit(ok ? 0 : 1);
