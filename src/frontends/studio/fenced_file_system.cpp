@@ -24,6 +24,12 @@ void FencedFileSystem::WriteFile(std::wstring_view path, std::string_view bytes)
   inner_->WriteFile(path, bytes);
 }
 
+void FencedFileSystem::WriteFiles(const std::vector<io::FileWrite>& files) {
+  // All or nothing: one path outside the fence refuses the whole set before a byte is written.
+  for (const io::FileWrite& f : files) Check(f.path, vba::kErrPathFileAccess);
+  inner_->WriteFiles(files);
+}
+
 void FencedFileSystem::AppendFile(std::wstring_view path, std::string_view bytes) {
   Check(path, vba::kErrPathFileAccess);
   inner_->AppendFile(path, bytes);

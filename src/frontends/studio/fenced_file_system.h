@@ -20,6 +20,7 @@ class FencedFileSystem : public io::FileSystem {
   bool FolderExists(std::wstring_view path) const override;
   std::string ReadFile(std::wstring_view path) const override;
   void WriteFile(std::wstring_view path, std::string_view bytes) override;
+  void WriteFiles(const std::vector<io::FileWrite>& files) override;
   void AppendFile(std::wstring_view path, std::string_view bytes) override;
   void DeleteFile(std::wstring_view path) override;
   void Rename(std::wstring_view from, std::wstring_view to) override;
