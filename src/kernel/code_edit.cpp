@@ -53,6 +53,15 @@ CodeEdit BlockAtLine(const CodeView& view, long line, std::wstring block) {
   return edit;
 }
 
+CodeEdit LineReplaced(long line, std::wstring text, long caretColumn) {
+  CodeEdit edit;
+  edit.line = line;
+  edit.mode = CodeEdit::kReplaceLine;
+  edit.text = std::move(text);
+  edit.caret = host::Selection(line, caretColumn);
+  return edit;
+}
+
 void ApplyEdit(host::Platform& platform, host::CodePane& pane, const CodeEdit& edit) {
   host::Ptr<host::CodeModule> module = pane.CodeModule();
   // A line below the last one (the caret of an empty module) is no obstacle: it is made.

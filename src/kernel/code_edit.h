@@ -59,6 +59,9 @@ struct CodeEdit {
 // where the text moves it.
 CodeEdit BlockAtLine(const CodeView& view, long line, std::wstring block);
 
+// Line `line` (which may not exist yet) becomes `text`, the caret at `caretColumn`.
+CodeEdit LineReplaced(long line, std::wstring text, long caretColumn);
+
 // Writes the edit into the pane's module, places the caret, queues the keystrokes.
 void ApplyEdit(host::Platform& platform, host::CodePane& pane, const CodeEdit& edit);
 // The lines after the edit, for tests of the text logic.
