@@ -31,9 +31,13 @@ bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine,
                     host::ProcKind* kind) {
   if (!s.vbe || s.vbe->CodePanesCount() == 0) return false;
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
-  if (!pane) return false;
-  auto [sl, sc, el, ec] = pane->GetSelection();
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
+  return pane && ProcAtCaret(*pane, strict, name, bodyLine, inHeader, kind);
+}
+
+bool ProcAtCaret(const host::CodePane& pane, bool strict, std::wstring& name, long& bodyLine, bool* inHeader,
+                 host::ProcKind* kind) {
+  long el = pane.GetSelection().endLine;
+  host::Ptr<host::CodeModule> module = pane.CodeModule();
   host::ProcKind k = host::kProcKind;
   // A caret below the last line (an empty module) is in no procedure.
   name = el <= module->CountOfLines() ? module->ProcOfLine(el, k) : std::wstring();
