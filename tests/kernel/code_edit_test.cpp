@@ -2,6 +2,7 @@
 
 #include "../support/fixtures.h"
 #include "kernel/code_edit.h"
+#include "kernel/position.h"
 
 using namespace quillet;
 
@@ -44,6 +45,24 @@ TEST(CodeEdit, KeepingUserLines) {
   EXPECT_FALSE(kernel::KeepsUserLines(view, kernel::LineReplaced(1, L"End Sub Exit Sub", 1)));
   EXPECT_FALSE(kernel::KeepsUserLines(view, kernel::LineReplaced(1, L"    x = 1\r\n", 1)));
   EXPECT_TRUE(kernel::KeepsUserLines(view, kernel::BlockAtLine(view, 1, L"new")));
+}
+
+}  // namespace
+
+namespace {
+
+int IndentAt(const std::vector<std::wstring>& marked, const std::wstring& tab = L"    ") {
+  test::MarkedCode code = test::Unmark(marked);
+  return kernel::CurrentIndent(kernel::ViewOf(code.lines, code.selection, tab));
+}
+
+TEST(CodeEdit, TheIndentOfAStatementFollowsTheCaretAndTheLineAbove) {
+  EXPECT_EQ(IndentAt({L"Sub A()", L"|", L"End Sub"}), 4);  // column one of an empty body: one tab
+  EXPECT_EQ(IndentAt({L"Sub A()", L"|", L"End Sub"}, L"  "), 2);
+  EXPECT_EQ(IndentAt({L"    x = 1", L"|"}), 4);           // a blank line takes the indent above
+  EXPECT_EQ(IndentAt({L"      |"}), 6);                   // unless the caret stands further right
+  EXPECT_EQ(IndentAt({L"        x| = 1"}), 9);            // on code: the caret's column
+  EXPECT_EQ(IndentAt({L"    [[x = 1", L"        ]]"}), 4); // over lines: the caret at the start
 }
 
 }  // namespace

@@ -12,7 +12,9 @@ using namespace quillet;
 namespace {
 
 struct Commands : ::testing::Test, test::SessionFixture {
-  Commands() { module = Module(L"Module1", {L"Sub A()", L"", L"End Sub"}); }
+  Commands() {
+    module = Build().Class(L"Class1", {L"Option Explicit"}).Module(L"Module1", {L"Sub A()", L"|", L"End Sub"}).active;
+  }
   std::shared_ptr<host::MemoryComponent> module;
   void Run(const std::wstring& command) {
     std::wstring argument;
