@@ -154,28 +154,11 @@ void SetCursor(Session& s, long& line, bool keepSelection, const host::Ptr<host:
 }
 
 void CodeReplace(Session& s, std::wstring& text) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) return;
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  auto [sl, sc, el, ec] = pane->GetSelection();
-  std::wstring startText = LineText(module, sl);
-  text = vba::Left(startText, sc - 1) + text;
-  std::wstring tail;
-  if (el != sl) {
-    tail = LineText(module, el);
-    long count = module->CountOfLines();
-    if (count > sl) module->DeleteLines(sl + 1, std::min(el, count) - sl);
-  } else {
-    tail = startText;
-  }
-  long base = vba::Len(text);
-  if (vba::Len(tail) >= ec) text += vba::Mid(tail, ec);
-  if (sl > module->CountOfLines()) {
-    module->InsertLines(sl, text);
-  } else {
-    module->ReplaceLine(sl, text);
-  }
-  pane->SetSelection(host::Selection(sl, base + 1));
+  std::optional<CodeView> view = ActiveView(s);
+  if (!view) return;
+  CodeEdit edit = SelectionReplaced(*view, text);
+  text = edit.text;
+  ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), edit);
 }
 
 CodeEdit LineInsertEdit(const CodeView& view, const std::wstring& text, long column) {

@@ -28,8 +28,8 @@ struct ControlSpec {
   int controlType = host::kControlButton;
   bool beginGroup = false;
   int faceId = 0;                               // the picture; 0 for none
-  host::Ptr<host::CommandBarControl> parent;    // nullptr: on the bar itself
-  std::wstring tooltip;
+  host::Ptr<host::CommandBarControl> parent = nullptr;  // nullptr: on the bar itself
+  std::wstring tooltip = {};
   bool forceCaption = false;                    // caption beside the picture
   long copyFaceId = 0;
 };

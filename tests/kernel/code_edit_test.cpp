@@ -66,3 +66,21 @@ TEST(CodeEdit, TheIndentOfAStatementFollowsTheCaretAndTheLineAbove) {
 }
 
 }  // namespace
+
+namespace {
+
+std::vector<std::wstring> Replaced(const std::vector<std::wstring>& marked, const std::wstring& text) {
+  test::MarkedCode code = test::Unmark(marked);
+  kernel::CodeEdit edit = kernel::SelectionReplaced(kernel::ViewOf(code.lines, code.selection, L"    "), text);
+  return test::Mark(kernel::EditedLines(code.lines, edit), *edit.caret);
+}
+
+TEST(CodeEdit, ASelectionIsReplacedWithWhatStandsAroundIt) {
+  EXPECT_EQ(Replaced({L"    f = [[x]] & y"}, L"\"C:\\a\""), std::vector<std::wstring>({L"    f = \"C:\\a\"| & y"}));
+  EXPECT_EQ(Replaced({L"    f = |"}, L"\"C:\\a\""), std::vector<std::wstring>({L"    f = \"C:\\a\"|"}));
+  EXPECT_EQ(Replaced({L"a", L"    f = [[x", L"    g = y]] + 1", L"b"}, L"z"),
+            std::vector<std::wstring>({L"a", L"    f = z| + 1", L"b"}));
+  EXPECT_EQ(Replaced({L"a", L"|"}, L"z"), std::vector<std::wstring>({L"a", L"z|"}));
+}
+
+}  // namespace
