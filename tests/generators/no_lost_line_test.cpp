@@ -2,6 +2,8 @@
 // statement command; each must leave every original line in place, in order, apart from
 // the one edit it makes (a blank line replaced, or a line kept around text put into it).
 //
+// Every builder that writes code adds itself to Commands() below.
+//
 // CI runs a bounded count with a fixed seed. QUILLET_PROPERTY_CASES=100000 runs longer, with
 // a random seed unless QUILLET_PROPERTY_SEED names one; a failure prints the seed and case.
 #include <gtest/gtest.h>
