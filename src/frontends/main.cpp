@@ -5,9 +5,26 @@
 #include "frontends/cli/cli.h"
 #include "frontends/cli/html_command.h"
 #include "frontends/studio/studio_server.h"
+#include "shell/commands.h"
+#include "vba/encoding.h"
 #include "version.h"
 
 namespace {
+
+// `quillet commands`: every name a scenario's "command" and "click" steps take.
+int CommandsMain(int argc, char** argv) {
+  if (argc >= 1 && quillet::cli::IsHelp(argv[0])) {
+    std::printf("usage: quillet commands
+
+Lists every statement dispatcher command (those of a later version marked)
+"
+                "and every command bar handler with its caption and the command it runs.
+");
+    return 0;
+  }
+  std::fputs(quillet::vba::ToUtf8(quillet::shell::CommandsListing()).c_str(), stdout);
+  return 0;
+}
 
 struct Subcommand {
   const char* name;
@@ -15,9 +32,8 @@ struct Subcommand {
   int (*run)(int argc, char** argv);  // gets the arguments behind the subcommand's name
 };
 
-// The subcommands, in the order "quillet --help" lists them. New front-ends add a line here
-// ("commands": every dispatcher command and command bar handler with its caption; "html":
-// a module as an HTML page), each answering "--help" itself.
+// The subcommands, in the order "quillet --help" lists them. A new front-end adds a line
+// here and answers "--help" itself.
 const Subcommand kSubcommands[] = {
     {"studio", "[FOLDER] [--port N]   open a folder of exported modules in the studio, a web page on 127.0.0.1",
      quillet::studio::RunStudioCommand},
@@ -25,6 +41,7 @@ const Subcommand kSubcommands[] = {
      quillet::cli::ScriptMain},
     {"html", "FILE.bas|FILE.cls|FOLDER [-o OUT]   a module or a folder of modules as coloured HTML pages",
      quillet::cli::RunHtmlCommand},
+    {"commands", "  every statement dispatcher command and command bar handler, with its caption", CommandsMain},
 };
 
 void PrintUsage(std::FILE* to) {

@@ -7,33 +7,31 @@
 
 namespace quillet::generators {
 
-void InstanceAdd(kernel::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, bool allowEmptySelection,
-                 bool sendKeys) {
-  auto [sl, sc, el, ec] = pane->GetSelection();
-  if (!allowEmptySelection && sc == ec) return;
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
+std::optional<kernel::CodeEdit> InstanceEdit(const kernel::CodeView& view, std::wstring& text, InstanceOptions options) {
+  host::Selection at = view.selection;
+  if ((!options.allowEmptySelection && at.startColumn == at.endColumn) || !at.IsOneLine()) return std::nullopt;
+  std::wstring line = view.line(at.startLine);
+  std::wstring left = vba::Left(line, at.startColumn - 1);
+  std::wstring right = at.endColumn <= vba::Len(line) ? vba::Mid(line, at.endColumn) : std::wstring();
+  auto endsIn = [](const std::wstring& t, std::wstring_view chars) {
+    return !t.empty() && chars.find(t.back()) != std::wstring_view::npos;
+  };
+  auto startsWith = [](const std::wstring& t, std::wstring_view chars) {
+    return !t.empty() && chars.find(t.front()) != std::wstring_view::npos;
+  };
+  if (!endsIn(left, L"( ") && !startsWith(text, L"( ")) text = L" " + text;
+  if (!startsWith(right, L") ") && !endsIn(text, L") ")) text += L" ";
+  return kernel::LineReplaced(at.startLine, left + text + right, vba::Len(left) + vba::Len(text) + 1);
+}
+
+void InstanceAdd(kernel::Session& s, const host::Ptr<host::CodePane>& pane, std::wstring& text, InstanceOptions options) {
   // Host errors are passed over: a line that cannot be written is left as it is.
   try {
-    if (sl > module->CountOfLines()) module->InsertLines(sl, L"");
-    if (sl == el) {
-      std::wstring line = module->Lines(sl, 1);
-      std::wstring left = vba::Left(line, sc - 1);
-      std::wstring right = ec <= vba::Len(line) ? vba::Mid(line, ec) : std::wstring();
-      auto endsIn = [](const std::wstring& t, std::wstring_view chars) {
-        return !t.empty() && chars.find(t.back()) != std::wstring_view::npos;
-      };
-      auto startsWith = [](const std::wstring& t, std::wstring_view chars) {
-        return !t.empty() && chars.find(t.front()) != std::wstring_view::npos;
-      };
-      if (!endsIn(left, L"( ") && !startsWith(text, L"( ")) text = L" " + text;
-      if (!startsWith(right, L") ") && !endsIn(text, L") ")) text += L" ";
-      module->ReplaceLine(sl, left + text + right);
-      long caret = vba::Len(left) + vba::Len(text) + 1;
-      pane->SetSelection(sl, caret, sl, caret);
-    }
+    std::optional<kernel::CodeEdit> edit = InstanceEdit(kernel::ViewOf(*pane, kernel::TabSpacesGet(s)), text, options);
+    if (edit) kernel::ApplyEdit(s.platform, *pane, *edit);
   } catch (const vba::Error&) {
   }
-  if (sendKeys) s.platform.SendKeys(L" {BACKSPACE}", false);
+  if (options.sendKeys) s.platform.SendKeys(L" {BACKSPACE}", false);
 }
 
 void SelectionReplace(kernel::Session& s, std::wstring text) { kernel::CodeReplace(s, text); }

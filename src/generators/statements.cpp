@@ -72,12 +72,7 @@ kernel::CodeEdit CodeInsertEdit(const kernel::CodeView& view, std::wstring text,
   }
   if (inLine) {
     if (options.spaceBefore && !lineText.empty() && vba::Right(left, 1) != L" ") text = L" " + text;
-    kernel::CodeEdit edit;
-    edit.line = line;
-    edit.mode = kernel::CodeEdit::kReplaceLine;
-    edit.text = left + text + right;
-    edit.caret = host::Selection(line, vba::Len(left) + vba::Len(text) + 1);
-    return edit;
+    return kernel::LineReplaced(line, left + text + right, vba::Len(left) + vba::Len(text) + 1);
   }
   // Below a line with code the statement gets one tab width, whatever that line's indent.
   kernel::CodeEdit edit = kernel::BlockAtLine(view, line, view.tab + text);

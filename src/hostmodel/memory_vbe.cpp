@@ -226,7 +226,7 @@ std::shared_ptr<MemoryComponent> MemoryProject::AddComponent(std::wstring name, 
   return AddComponent(std::move(file));
 }
 
-Ptr<VBComponent> MemoryProject::Add(int type) {
+Ptr<VBComponent> MemoryProject::Add(ComponentType type) {
   std::wstring base;
   switch (type) {
     case kStdModule: base = L"Module"; break;

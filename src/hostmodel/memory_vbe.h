@@ -59,7 +59,7 @@ class MemoryComponent : public VBComponent, public std::enable_shared_from_this<
 
   std::wstring Name() const override { return name_; }
   void SetName(std::wstring_view name) override;
-  int Type() const override { return type_; }
+  ComponentType Type() const override { return static_cast<ComponentType>(type_); }
   Ptr<host::CodeModule> CodeModule() override { return module_; }
   Ptr<host::Designer> Designer() override { return designer_; }
   Ptr<host::Window> DesignerWindow() override;
@@ -124,7 +124,7 @@ class MemoryProject : public VBProject,
   Ptr<VBComponent> Item(long index) const override;
   Ptr<VBComponent> Item(std::wstring_view name) const override;
   Ptr<VBProject> Parent() const override;
-  Ptr<VBComponent> Add(int type) override;
+  Ptr<VBComponent> Add(ComponentType type) override;
   Ptr<VBComponent> Import(std::wstring_view path) override;
   void Remove(const Ptr<VBComponent>& component) override;
 

@@ -172,7 +172,7 @@ class VBComponent {
   virtual ~VBComponent() = default;
   virtual std::wstring Name() const = 0;
   virtual void SetName(std::wstring_view name) = 0;
-  virtual int Type() const = 0;
+  virtual ComponentType Type() const = 0;
   virtual Ptr<host::CodeModule> CodeModule() = 0;
   virtual Ptr<host::Designer> Designer() = 0;        // nullptr without a visual designer
   virtual Ptr<host::Window> DesignerWindow() = 0;    // nullptr without a visual designer
@@ -191,7 +191,7 @@ class VBComponents {
   virtual Ptr<VBComponent> Item(long index) const = 0;            // 1-based; error 9
   virtual Ptr<VBComponent> Item(std::wstring_view name) const = 0;  // error 9 when missing
   virtual Ptr<VBProject> Parent() const = 0;
-  virtual Ptr<VBComponent> Add(int type) = 0;
+  virtual Ptr<VBComponent> Add(ComponentType type) = 0;
   // Imports an exported module file; raises error 53 when the file does not exist.
   virtual Ptr<VBComponent> Import(std::wstring_view path) = 0;
   virtual void Remove(const Ptr<VBComponent>& component) = 0;

@@ -53,10 +53,31 @@ CodeEdit BlockAtLine(const CodeView& view, long line, std::wstring block) {
   return edit;
 }
 
+CodeEdit LineReplaced(long line, std::wstring text, long caretColumn) {
+  CodeEdit edit;
+  edit.line = line;
+  edit.mode = CodeEdit::kReplaceLine;
+  edit.text = std::move(text);
+  edit.caret = host::Selection(line, caretColumn);
+  return edit;
+}
+
+CodeEdit SelectionReplaced(const CodeView& view, const std::wstring& text) {
+  auto [sl, sc, el, ec] = view.selection;
+  std::wstring head = vba::Left(view.line(sl), sc - 1) + text;
+  std::wstring tail = view.line(el);
+  CodeEdit edit = LineReplaced(sl, head + (vba::Len(tail) >= ec ? vba::Mid(tail, ec) : std::wstring()),
+                               vba::Len(head) + 1);
+  edit.replaced = el - sl + 1;
+  return edit;
+}
+
 void ApplyEdit(host::Platform& platform, host::CodePane& pane, const CodeEdit& edit) {
   host::Ptr<host::CodeModule> module = pane.CodeModule();
   // A line below the last one (the caret of an empty module) is no obstacle: it is made.
   if (edit.mode == CodeEdit::kReplaceLine && edit.line <= module->CountOfLines()) {
+    long extra = std::min(edit.replaced, module->CountOfLines() - edit.line + 1) - 1;
+    if (extra > 0) module->DeleteLines(edit.line + 1, extra);
     module->ReplaceLine(edit.line, edit.text);
   } else {
     module->InsertLines(std::min(edit.line, module->CountOfLines() + 1), edit.text);
@@ -68,7 +89,8 @@ void ApplyEdit(host::Platform& platform, host::CodePane& pane, const CodeEdit& e
 std::vector<std::wstring> EditedLines(std::vector<std::wstring> lines, const CodeEdit& edit) {
   std::vector<std::wstring> added = SplitLines(edit.text);
   auto at = lines.begin() + std::min<long>(edit.line - 1, static_cast<long>(lines.size()));
-  if (edit.mode == CodeEdit::kReplaceLine && at != lines.end()) at = lines.erase(at);
+  if (edit.mode == CodeEdit::kReplaceLine && at != lines.end())
+    at = lines.erase(at, at + std::min<long>(edit.replaced, lines.end() - at));
   lines.insert(at, added.begin(), added.end());
   return lines;
 }

@@ -46,6 +46,7 @@ struct CodeEdit {
   enum Mode { kInsertBefore, kReplaceLine };
   long line = 1;
   Mode mode = kInsertBefore;
+  long replaced = 1;  // kReplaceLine: how many lines from `line` on give way (those that exist)
   std::wstring text;
   std::optional<host::Selection> caret;  // none: the caret moves with the text
   std::wstring keys;  // "" for none
@@ -58,6 +59,13 @@ struct CodeEdit {
 // blank (or does not exist yet), else it goes on the lines below it. The caret is left
 // where the text moves it.
 CodeEdit BlockAtLine(const CodeView& view, long line, std::wstring block);
+
+// Line `line` (which may not exist yet) becomes `text`, the caret at `caretColumn`.
+CodeEdit LineReplaced(long line, std::wstring text, long caretColumn);
+
+// The selection, which may span lines, replaced by `text`; what stands before and behind
+// it stays, and the caret goes behind the text.
+CodeEdit SelectionReplaced(const CodeView& view, const std::wstring& text);
 
 // Writes the edit into the pane's module, places the caret, queues the keystrokes.
 void ApplyEdit(host::Platform& platform, host::CodePane& pane, const CodeEdit& edit);

@@ -31,9 +31,13 @@ bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine,
                     host::ProcKind* kind) {
   if (!s.vbe || s.vbe->CodePanesCount() == 0) return false;
   host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane();
-  if (!pane) return false;
-  auto [sl, sc, el, ec] = pane->GetSelection();
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
+  return pane && ProcAtCaret(*pane, strict, name, bodyLine, inHeader, kind);
+}
+
+bool ProcAtCaret(const host::CodePane& pane, bool strict, std::wstring& name, long& bodyLine, bool* inHeader,
+                 host::ProcKind* kind) {
+  long el = pane.GetSelection().endLine;
+  host::Ptr<host::CodeModule> module = pane.CodeModule();
   host::ProcKind k = host::kProcKind;
   // A caret below the last line (an empty module) is in no procedure.
   name = el <= module->CountOfLines() ? module->ProcOfLine(el, k) : std::wstring();
@@ -150,28 +154,11 @@ void SetCursor(Session& s, long& line, bool keepSelection, const host::Ptr<host:
 }
 
 void CodeReplace(Session& s, std::wstring& text) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) return;
-  host::Ptr<host::CodeModule> module = pane->CodeModule();
-  auto [sl, sc, el, ec] = pane->GetSelection();
-  std::wstring startText = LineText(module, sl);
-  text = vba::Left(startText, sc - 1) + text;
-  std::wstring tail;
-  if (el != sl) {
-    tail = LineText(module, el);
-    long count = module->CountOfLines();
-    if (count > sl) module->DeleteLines(sl + 1, std::min(el, count) - sl);
-  } else {
-    tail = startText;
-  }
-  long base = vba::Len(text);
-  if (vba::Len(tail) >= ec) text += vba::Mid(tail, ec);
-  if (sl > module->CountOfLines()) {
-    module->InsertLines(sl, text);
-  } else {
-    module->ReplaceLine(sl, text);
-  }
-  pane->SetSelection(host::Selection(sl, base + 1));
+  std::optional<CodeView> view = ActiveView(s);
+  if (!view) return;
+  CodeEdit edit = SelectionReplaced(*view, text);
+  text = edit.text;
+  ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), edit);
 }
 
 CodeEdit LineInsertEdit(const CodeView& view, const std::wstring& text, long column) {

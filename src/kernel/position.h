@@ -14,6 +14,9 @@ namespace quillet::kernel {
 // procedure. Without a code pane: false, `name` untouched.
 bool CurrentProcGet(Session& s, bool strict, std::wstring& name, long& bodyLine, bool* inHeader = nullptr,
                     host::ProcKind* kind = nullptr);
+// The same for a given pane.
+bool ProcAtCaret(const host::CodePane& pane, bool strict, std::wstring& name, long& bodyLine, bool* inHeader = nullptr,
+                 host::ProcKind* kind = nullptr);
 // The text of the line with the caret. With `useStart` the selection's start is handed out
 // and the end line's text returned; without it the other way round.
 std::wstring CurrentLineGet(Session& s, long& line, long& column, bool useStart);

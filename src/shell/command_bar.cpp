@@ -40,8 +40,9 @@ void AddNodes(kernel::Session& s, Connect& connect, host::CommandBar& bar, const
   for (const MenuNode& node : nodes) {
     if (!Wanted(s, node)) continue;
     std::wstring tooltip = node.webPath ? std::wstring(kernel::kWebSite) + node.webPath : std::wstring();
-    auto control = ToolBarControlAdd(s, bar, node.captionId, node.type, node.beginGroup, node.picture ? node.captionId : 0,
-                                     parent, tooltip, false, 0);
+    auto control = ToolBarControlAdd(s, bar, {.captionId = node.captionId, .controlType = node.type,
+                                              .beginGroup = node.beginGroup, .faceId = node.picture ? node.captionId : 0,
+                                              .parent = parent, .tooltip = tooltip});
     if (node.type == host::kControlPopup) {
       AddNodes(s, connect, bar, node.children, control);
     } else {
@@ -117,10 +118,8 @@ void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_vie
   }
 }
 
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, int captionId, int controlType,
-                                                     bool beginGroup, int faceId,
-                                                     const host::Ptr<host::CommandBarControl>& parent,
-                                                     std::wstring_view tooltip, bool forceCaption, long copyFaceId) {
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlSpec& spec) {
+  const auto& [captionId, controlType, beginGroup, faceId, parent, tooltip, forceCaption, copyFaceId] = spec;
   kernel::DoEvents(s);
   const std::wstring& caption = kernel::ResString(captionId);
   host::CommandBarControls& container = parent ? *parent->Controls() : bar.Controls();
@@ -180,7 +179,7 @@ bool AccessToolBarCreate(kernel::Session& s) {
     if (!project || project->References()->Item(2)->Name() != L"Access") return;
     if (!s.hostAccess || !s.hostAccess->CommandBars() || !ConnectOf(s)) return;
     host::Ptr<host::CommandBar> bar = ToolBarCreate(s, *s.hostAccess->CommandBars(), s.hostAccess->Name());
-    auto button = ToolBarControlAdd(s, *bar, 183, host::kControlButton, false, 183, nullptr, L"", false, 0);
+    auto button = ToolBarControlAdd(s, *bar, {.captionId = 183, .faceId = 183});
     ConnectOf(s)->Hook(L"mnuhControlAdd", button);
     made = true;
   });

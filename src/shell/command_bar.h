@@ -23,10 +23,17 @@ host::Ptr<host::CommandBar> ToolBarCreate(kernel::Session& s, host::CommandBars&
 void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix);
 // Adds one control to the bar or to `parent`: caption from the string table, picture,
 // style, tag as a path through the menu, tooltip.
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, int captionId, int controlType,
-                                                     bool beginGroup, int faceId,
-                                                     const host::Ptr<host::CommandBarControl>& parent,
-                                                     std::wstring_view tooltip, bool forceCaption, long copyFaceId);
+struct ControlSpec {
+  int captionId = 0;
+  int controlType = host::kControlButton;
+  bool beginGroup = false;
+  int faceId = 0;                               // the picture; 0 for none
+  host::Ptr<host::CommandBarControl> parent = nullptr;  // nullptr: on the bar itself
+  std::wstring tooltip = {};
+  bool forceCaption = false;                    // caption beside the picture
+  long copyFaceId = 0;
+};
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlSpec& spec);
 // In testing mode, under Access: Access's own toolbar with the Add Control button.
 bool AccessToolBarCreate(kernel::Session& s);
 // Fills the error-handler dropdown with the error handlers, the default one chosen.

@@ -2,9 +2,14 @@
 // dispatcher, builders through FormOpen, the rest to plain procedures.
 #include <map>
 
+#include "shell/commands.h"
+
 #include "codetools/code_window.h"
 #include "codetools/numbering.h"
+#include "generators/dispatcher_commands.h"
 #include "generators/quillet.h"
+#include "kernel/strings.h"
+#include "shell/menu_tree.h"
 #include "hostmodel/commandbars.h"
 #include "io/paths.h"
 #include "settings/frm_settings.h"
@@ -157,6 +162,43 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
   if (vba::EqualsText(handler, L"mnuhLineNumbersRemove")) return codetools::LineNumbers(s, codetools::kRemoveNumbers);
   if (auto it = Tools().find(handler); it != Tools().end()) return kernel::NotAvailable(s, L"the command " + it->second);
   // mnuhTypeItem has a variable but no handler: its item does nothing when clicked.
+}
+
+namespace {
+
+void CollectHandlers(const std::vector<MenuNode>& nodes, std::vector<HandlerEntry>& out) {
+  for (const MenuNode& node : nodes) {
+    if (!node.handler.empty()) {
+      HandlerEntry e{node.handler, vba::Replace(kernel::ResString(node.captionId), L"&", L""), {}};
+      std::wstring command, type;
+      if (auto it = Statements().find(node.handler); it != Statements().end()) e.command = it->second.first;
+      else if (TypeFamily(node.handler, command, type)) e.command = command;
+      else if (vba::EqualsText(node.handler, L"mnuhErrorHandling")) e.command = L"ErrorHandling";
+      out.push_back(std::move(e));
+    }
+    CollectHandlers(node.children, out);
+  }
+}
+
+}  // namespace
+
+std::vector<HandlerEntry> CommandBarHandlers() {
+  std::vector<HandlerEntry> out;
+  CollectHandlers(CommandBarTree(), out);
+  return out;
+}
+
+std::wstring CommandsListing() {
+  std::wstring text = L"Dispatcher commands ({\"command\": NAME}):\n";
+  for (const generators::DispatcherCommand& c : generators::DispatcherCommands())
+    text += L"  \"" + c.name + L"\"" + (c.Built() ? L"" : L"  (a later version)") + L"\n";
+  text += L"Command bar handlers ({\"click\": HANDLER}), with their captions:\n";
+  for (const HandlerEntry& e : CommandBarHandlers()) {
+    text += L"  " + e.handler + std::wstring(e.handler.size() < 34 ? 34 - e.handler.size() : 1, L' ') + e.caption;
+    if (!e.command.empty()) text += L"  -> \"" + e.command + L"\"";
+    text += L"\n";
+  }
+  return text;
 }
 
 }  // namespace quillet::shell

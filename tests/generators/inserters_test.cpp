@@ -33,13 +33,13 @@ TEST_F(Inserters, InstanceNamesGetBlanksOnlyWhereTheNeighboursNeedThem) {
   auto m = Module(L"Module1", {L"Sub A()", L"    Call Show()", L"    x =y", L"End Sub"});
   std::wstring text = L"mobjItem";
   Select(2, 15, 2, 15);
-  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, true, false);
+  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, {.allowEmptySelection = true});
   EXPECT_EQ(m->Module()->Lines(2, 1), L"    Call Show(mobjItem)");
   EXPECT_EQ(text, L"mobjItem");
 
   text = L"z";
   Select(3, 8, 3, 8);
-  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, true, true);
+  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, {.allowEmptySelection = true, .sendKeys = true});
   EXPECT_EQ(m->Module()->Lines(3, 1), L"    x = z y");
   EXPECT_EQ(text, L" z ");
   EXPECT_EQ(Selection(), std::vector<long>({3, 11, 3, 11}));
@@ -48,9 +48,9 @@ TEST_F(Inserters, InstanceNamesGetBlanksOnlyWhereTheNeighboursNeedThem) {
   // Without a selection nothing is written unless empty selections are allowed; a
   // selection over lines writes nothing either.
   text = L"q";
-  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, false, false);
+  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, {});
   Select(2, 5, 3, 5);
-  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, true, false);
+  generators::InstanceAdd(session, vbe.ActiveCodePane(), text, {.allowEmptySelection = true});
   EXPECT_EQ(m->Module()->Lines(2, 2), L"    Call Show(mobjItem)\r\n    x = z y");
 }
 

@@ -52,20 +52,20 @@ TEST_F(CommandBar, PositionIsStoredAtDeletionAndComesBack) {
 
 TEST_F(CommandBar, ControlsGetCaptionsStylesTagsAndPictures) {
   auto bar = shell::ToolBarCreate(session, vbe.CommandBars(), L"");
-  auto button = shell::ToolBarControlAdd(session, *bar, 103, host::kControlButton, false, 103, nullptr, L"", false, 0);
+  auto button = shell::ToolBarControlAdd(session, *bar, {.captionId = 103, .faceId = 103});
   EXPECT_EQ(button->Caption(), L"&Add Variable...");
   EXPECT_EQ(button->Style(), host::kStyleIcon);  // on the bar: the picture only
   EXPECT_EQ(button->Picture(), L"103");
   EXPECT_EQ(button->Tag(), L"&Add Variable...");
 
-  auto menu = shell::ToolBarControlAdd(session, *bar, 122, host::kControlPopup, true, 0, nullptr, L"", false, 0);
-  auto sub = shell::ToolBarControlAdd(session, *bar, 123, host::kControlPopup, false, 0, menu, L"", false, 0);
-  auto entry = shell::ToolBarControlAdd(session, *bar, 103, host::kControlButton, true, 103, sub, L"116", false, 0);
+  auto menu = shell::ToolBarControlAdd(session, *bar, {.captionId = 122, .controlType = host::kControlPopup, .beginGroup = true});
+  auto sub = shell::ToolBarControlAdd(session, *bar, {.captionId = 123, .controlType = host::kControlPopup, .parent = menu});
+  auto entry = shell::ToolBarControlAdd(session, *bar, {.captionId = 103, .beginGroup = true, .faceId = 103, .parent = sub, .tooltip = L"116"});
   EXPECT_EQ(entry->Style(), host::kStyleIconAndCaption);  // in a menu: picture and caption
   EXPECT_EQ(entry->Tag(), L"&Quillet &Variable &Add Variable...");
   EXPECT_TRUE(entry->BeginGroup());
   EXPECT_EQ(entry->TooltipText(), L"&About...");  // a numeric tooltip is a string id
-  auto plain = shell::ToolBarControlAdd(session, *bar, 127, host::kControlButton, false, 0, sub, L"Text", false, 0);
+  auto plain = shell::ToolBarControlAdd(session, *bar, {.captionId = 127, .parent = sub, .tooltip = L"Text"});
   EXPECT_EQ(plain->Style(), host::kStyleAutomatic);
   EXPECT_EQ(plain->TooltipText(), L"Text");
 }

@@ -67,6 +67,30 @@ struct EditorFixture {
     for (long i = 1; i <= module->CountOfLines(); ++i) lines.push_back(module->Lines(i, 1));
     return Mark(lines, Pane().GetSelection());
   }
+  // Builds a project fluently; the module whose code carries a marker becomes the active
+  // pane with that selection:
+  //
+  //   fx.Build().Module(L"Module1", {L"Sub A()", L"    |", L"End Sub"}).Class(L"Class1", {});
+  struct Builder {
+    EditorFixture& fx;
+    std::shared_ptr<host::MemoryProject> project;
+    Builder& Module(const std::wstring& name, const std::vector<std::wstring>& marked, int type = host::kStdModule) {
+      MarkedCode code = Unmark(marked);
+      auto c = project->AddComponent(name, type, code.lines);
+      if (code.selection != host::Selection() || !active) {
+        fx.vbe.ActivateComponent(c);
+        fx.Pane().SetSelection(code.selection);
+        active = c;
+      }
+      return *this;
+    }
+    Builder& Class(const std::wstring& name, const std::vector<std::wstring>& marked) {
+      return Module(name, marked, host::kClassModule);
+    }
+    std::shared_ptr<host::MemoryComponent> active;
+  };
+  Builder Build() { return Builder{*this, project, nullptr}; }
+
   host::MemoryCodePane& Pane() { return static_cast<host::MemoryCodePane&>(*vbe.ActiveCodePane()); }
   void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
   void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection(l1, c1, l2, c2); }

@@ -1,0 +1,49 @@
+#include "generators/dispatcher_commands.h"
+
+#include "analysis/scan_proc.h"
+#include "generators/selection.h"
+#include "generators/statements.h"
+
+namespace quillet::generators {
+namespace {
+
+void OneLineStatement(kernel::Session& s, const std::wstring& command, std::wstring&) {
+  CodeInsert(s, command, L"", {.spaceBefore = true});
+}
+void IfBlock(kernel::Session& s, const std::wstring& command, std::wstring&) { IfCodeInsert(s, command); }
+void LoopBlock(kernel::Session& s, const std::wstring& command, std::wstring&) { LoopCodeInsert(s, command); }
+void Exit(kernel::Session& s, const std::wstring&, std::wstring&) {
+  // Outside a procedure there is nothing to leave.
+  const std::shared_ptr<analysis::clsScanProc>& scan = analysis::CurrentScan(s);
+  if (scan && !scan->ProcTypeStr.empty())
+    CodeInsert(s, L"Exit " + scan->ProcTypeStr, L"Exit", {.allowInline = true, .spaceBefore = true});
+}
+void Filename(kernel::Session& s, const std::wstring&, std::wstring&) { FilenameAdd(s); }
+void Folder(kernel::Session& s, const std::wstring&, std::wstring&) { FoldernameAdd(s); }
+
+}  // namespace
+
+const std::vector<DispatcherCommand>& DispatcherCommands() {
+  static const std::vector<DispatcherCommand> table = {
+      {L"Dim"}, {L"Const"}, {L"Property"}, {L"Insert Variable"}, {L"Insert Objectname"},
+      {L"Explicit Argument"}, {L"Type"}, {L"Enum"}, {L"With"},
+      {L"If Then", IfBlock}, {L"If Then Else", IfBlock}, {L"If Then Else If", IfBlock},
+      {L"If Then ElseIf Else", IfBlock},
+      {L"Select Case"}, {L"Select Case Else"}, {L"Select Case UCase"}, {L"Select From Enum"},
+      {L"IfDoLoopWhile", LoopBlock}, {L"IfDoLoopUntil", LoopBlock}, {L"ForEachNext", LoopBlock},
+      {L"ForNext", LoopBlock}, {L"While", LoopBlock},
+      {L"On Error GoTo"}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
+      {L"Resume"}, {L"GoTo"}, {L"Exit", Exit}, {L"ErrorHandling"},
+      {L"Filename", Filename}, {L"Folder", Folder},
+      {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print "},
+  };
+  return table;
+}
+
+const DispatcherCommand* FindDispatcherCommand(const std::wstring& name) {
+  for (const DispatcherCommand& c : DispatcherCommands())
+    if (c.name == name) return &c;
+  return nullptr;
+}
+
+}  // namespace quillet::generators
