@@ -14,12 +14,9 @@ namespace {
 // `quillet commands`: every name a scenario's "command" and "click" steps take.
 int CommandsMain(int argc, char** argv) {
   if (argc >= 1 && quillet::cli::IsHelp(argv[0])) {
-    std::printf("usage: quillet commands
-
-Lists every statement dispatcher command (those of a later version marked)
-"
-                "and every command bar handler with its caption and the command it runs.
-");
+    std::printf(
+        "usage: quillet commands\n\nLists every statement dispatcher command (those of a later version marked)\n"
+        "and every command bar handler with its caption and the command it runs.\n");
     return 0;
   }
   std::fputs(quillet::vba::ToUtf8(quillet::shell::CommandsListing()).c_str(), stdout);

@@ -1,5 +1,7 @@
 #include "generators/dispatcher_commands.h"
 
+#include <map>
+
 #include "analysis/scan_proc.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
@@ -38,6 +40,26 @@ const std::vector<DispatcherCommand>& DispatcherCommands() {
       {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print "},
   };
   return table;
+}
+
+namespace {
+// The bodies given by features above the dispatcher, by command name.
+struct DispatcherBodies {
+  std::map<std::wstring, DispatcherBody> byName;
+};
+}  // namespace
+
+void DispatcherBodySet(kernel::Session& s, const std::wstring& name, DispatcherBody body) {
+  auto& bodies = s.Slot<DispatcherBodies>();
+  if (!bodies) bodies = std::make_shared<DispatcherBodies>();
+  bodies->byName[name] = std::move(body);
+}
+
+const DispatcherBody* DispatcherBodyOf(kernel::Session& s, const std::wstring& name) {
+  const auto& bodies = s.Slot<DispatcherBodies>();
+  if (!bodies) return nullptr;
+  auto it = bodies->byName.find(name);
+  return it == bodies->byName.end() ? nullptr : &it->second;
 }
 
 const DispatcherCommand* FindDispatcherCommand(const std::wstring& name) {

@@ -4,6 +4,7 @@
 // version builds has no body yet and says so; a name the table does not hold is an error.
 //
 //   if (const DispatcherCommand* c = FindDispatcherCommand(L"ForNext")) c->run(s, c->name, argument);
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,5 +23,14 @@ struct DispatcherCommand {
 const std::vector<DispatcherCommand>& DispatcherCommands();
 // The command of that name (compared exactly, case counting); nullptr for none.
 const DispatcherCommand* FindDispatcherCommand(const std::wstring& name);
+
+// A command whose work lives in a feature built on top of the dispatcher (the code tools'
+// comment lines) gets its body from the add-in shell at connection:
+//
+//   DispatcherBodySet(s, L"Comment Lines Add", [](kernel::Session& s) { CommentLinesAdd(s); });
+using DispatcherBody = std::function<void(kernel::Session& s)>;
+void DispatcherBodySet(kernel::Session& s, const std::wstring& name, DispatcherBody body);
+// The body given for `name`; nullptr when none was.
+const DispatcherBody* DispatcherBodyOf(kernel::Session& s, const std::wstring& name);
 
 }  // namespace quillet::generators

@@ -7,7 +7,7 @@
 
 namespace quillet::generators {
 
-std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, int kind) {
+std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, host::ComponentType kind) {
   std::wstring result;
   kernel::Trap(s, L"basGlobal.ModuleCreate", [&] {
     host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;

@@ -11,6 +11,6 @@ namespace quillet::generators {
 // the module header when there is a template, and returns the name it has: the host's own
 // when it refused `name`, which the user is told. The active code pane stays the active
 // one. "" when there is no project or the module could not be made.
-std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, int kind);
+std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, host::ComponentType kind);
 
 }  // namespace quillet::generators

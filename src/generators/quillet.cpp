@@ -18,6 +18,7 @@ void QuilletHandle(kernel::Session& s, const std::wstring& command, std::wstring
     if (!found) vba::Raise(vba::kErrInvalidCall, L"There is no command \"" + command + L"\".");
     initialize(s, command, argument);
     if (found->Built()) found->run(s, command, argument);
+    else if (const DispatcherBody* body = DispatcherBodyOf(s, command)) (*body)(s);
     else kernel::NotAvailable(s, L"the command \"" + command + L"\"");
   });
 }

@@ -188,10 +188,34 @@ std::vector<HandlerEntry> CommandBarHandlers() {
   return out;
 }
 
+namespace {
+
+// The dispatcher's commands whose work a feature above the dispatcher does.
+struct FeatureCommand {
+  const wchar_t* name;
+  void (*run)(kernel::Session& s);
+};
+const FeatureCommand kFeatureCommands[] = {
+    {L"Comment Lines Add", codetools::CommentLinesAdd},
+    {L"Comment Lines Remove", codetools::CommentLinesRemove},
+};
+
+bool DoneByFeature(const std::wstring& name) {
+  for (const FeatureCommand& c : kFeatureCommands)
+    if (name == c.name) return true;
+  return false;
+}
+
+}  // namespace
+
+void DispatcherBodiesGive(kernel::Session& s) {
+  for (const FeatureCommand& c : kFeatureCommands) generators::DispatcherBodySet(s, c.name, c.run);
+}
+
 std::wstring CommandsListing() {
   std::wstring text = L"Dispatcher commands ({\"command\": NAME}):\n";
   for (const generators::DispatcherCommand& c : generators::DispatcherCommands())
-    text += L"  \"" + c.name + L"\"" + (c.Built() ? L"" : L"  (a later version)") + L"\n";
+    text += L"  \"" + c.name + L"\"" + (c.Built() || DoneByFeature(c.name) ? L"" : L"  (a later version)") + L"\n";
   text += L"Command bar handlers ({\"click\": HANDLER}), with their captions:\n";
   for (const HandlerEntry& e : CommandBarHandlers()) {
     text += L"  " + e.handler + std::wstring(e.handler.size() < 34 ? 34 - e.handler.size() : 1, L' ') + e.caption;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "kernel/session.h"
+
 namespace quillet::shell {
 
 // A handler of the command bar with the caption of its control ("&" marks taken out).
@@ -17,5 +19,7 @@ std::vector<HandlerEntry> CommandBarHandlers();
 
 // The dispatcher's commands and the bar's handlers as text for a reader, one a line.
 std::wstring CommandsListing();
+// Gives the dispatcher the bodies of its commands that features above it carry out.
+void DispatcherBodiesGive(kernel::Session& s);
 
 }  // namespace quillet::shell

@@ -1,5 +1,7 @@
 #include "shell/global.h"
 
+#include "shell/commands.h"
+
 #include "analysis/module_scan.h"
 #include "analysis/project_models.h"
 #include "analysis/refresh.h"
@@ -19,6 +21,7 @@ void AddInInitialize(kernel::Session& s) {
   settings::TypePrefixFromIniFile(s);
   settings::FoldersCreate(s);
   s.refreshModels = [&s](const vba::Variant& argument) { ProjectRefresh(s, argument); };
+  DispatcherBodiesGive(s);
 }
 
 void ProjectInitialize(kernel::Session& s, bool reduced) {
