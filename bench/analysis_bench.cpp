@@ -6,12 +6,8 @@
 
 #include "analysis/scan_proc.h"
 #include "bench.h"
-#include "hostmodel/clock.h"
-#include "hostmodel/memory_platform.h"
+#include "bench_session.h"
 #include "hostmodel/memory_vbe.h"
-#include "kernel/session.h"
-#include "support/test_ui_host.h"
-#include "ui/ui_context.h"
 
 namespace quillet::bench {
 namespace {
@@ -44,19 +40,12 @@ std::vector<std::wstring> LongProcedure() {
   return lines;
 }
 
-struct Editor {
-  host::MemoryPlatform platform{nullptr};
-  host::MemoryVBE vbe{platform};
-  ui::TestUiHost uiHost;
-  host::Clock clock;
-  ui::UiContext ui{uiHost, clock};
-  kernel::Session session{platform, ui};
+struct Editor : BenchSession {
   Editor() {
     auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Book1.xlsm");
     auto component = project->AddComponent(L"Module1", host::kStdModule, LongProcedure());
     vbe.ActivateComponent(component);
     vbe.ActiveCodePane()->SetSelection(100, 1, 100, 1);
-    session.vbe = &vbe;
   }
 };
 

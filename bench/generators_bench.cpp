@@ -3,29 +3,18 @@
 #include <string>
 
 #include "bench.h"
+#include "bench_session.h"
 #include "generators/quillet.h"
-#include "hostmodel/clock.h"
-#include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
-#include "kernel/session.h"
-#include "support/test_ui_host.h"
-#include "ui/ui_context.h"
 
 namespace quillet::bench {
 namespace {
 
-struct Editor {
-  host::MemoryPlatform platform{nullptr};
-  host::MemoryVBE vbe{platform};
-  host::Clock clock;
-  ui::TestUiHost uiHost;
-  ui::UiContext ui{uiHost, clock};
-  kernel::Session session{platform, ui};
+struct Editor : BenchSession {
   std::shared_ptr<host::MemoryComponent> module;
   std::vector<std::wstring> lines;
 
   Editor() {
-    session.vbe = &vbe;
     auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Big.xlsm");
     lines = {L"Option Explicit", L"Private mTotal As Long", L""};
     for (int p = 0; lines.size() < 10000; ++p) {

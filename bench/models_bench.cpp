@@ -10,12 +10,8 @@
 #include "analysis/module_scan.h"
 #include "analysis/refresh.h"
 #include "bench.h"
-#include "hostmodel/clock.h"
-#include "hostmodel/memory_platform.h"
+#include "bench_session.h"
 #include "hostmodel/memory_vbe.h"
-#include "kernel/session.h"
-#include "support/test_ui_host.h"
-#include "ui/ui_context.h"
 
 namespace quillet::bench {
 namespace {
@@ -45,13 +41,7 @@ std::vector<std::wstring> ModuleLines(int n) {
   return lines;
 }
 
-struct Project {
-  host::MemoryPlatform platform{nullptr};
-  host::MemoryVBE vbe{platform};
-  ui::TestUiHost uiHost;
-  host::Clock clock;
-  ui::UiContext ui{uiHost, clock};
-  kernel::Session session{platform, ui};
+struct Project : BenchSession {
   std::shared_ptr<host::MemoryProject> project;
   size_t sourceBytes = 0;
   Project() {
@@ -61,7 +51,6 @@ struct Project {
       sourceBytes += c->Module()->TextLength();
       if (n == 1) vbe.ActivateComponent(c);
     }
-    session.vbe = &vbe;
   }
 };
 

@@ -30,6 +30,17 @@ std::wstring Word(const std::wstring& statement, size_t n) {
   return n < words.size() ? words[n] : std::wstring{};
 }
 
+// What follows a scope word of seven letters and a blank ("Private", "Public", "Global"),
+// told by the second word; a variable list when it is no keyword.
+Decl BehindScopeWord(const std::wstring& statement) {
+  const std::wstring second = vba::LCase(Word(statement, 1));
+  if (second == L"const") return Make(DeclKind::Constants, statement, 14);
+  if (second == L"enum") return Make(DeclKind::Enum, statement, 13);
+  if (second == L"type") return Make(DeclKind::Type, statement, 13);
+  if (second == L"declare") return Make(DeclKind::Declare, statement, 16);
+  return Make(DeclKind::Variables, statement, 8);
+}
+
 // The kind of a statement read for the module's own use.
 Decl ModuleDecl(const std::wstring& statement, bool standard) {
   const std::wstring first = vba::UCase(Word(statement, 0));
@@ -42,25 +53,13 @@ Decl ModuleDecl(const std::wstring& statement, bool standard) {
   if (first == L"DIM") return Make(DeclKind::Variables, statement, 5);
   if (first == L"CONST") return Make(DeclKind::Constants, statement, 7);
   if (first != L"PRIVATE") return {};
-  const std::wstring second = vba::LCase(Word(statement, 1));
-  if (second == L"const") return Make(DeclKind::Constants, statement, 14);
-  if (second == L"enum") return Make(DeclKind::Enum, statement, 13);
-  if (second == L"type") return Make(DeclKind::Type, statement, 13);
-  if (second == L"declare") return Make(DeclKind::Declare, statement, 16);
-  return Make(DeclKind::Variables, statement, 8);
+  return BehindScopeWord(statement);
 }
 
 // The kind of a statement read for the project: what a standard module makes public.
 Decl PublicDecl(const std::wstring& statement) {
   const std::wstring first = vba::UCase(Word(statement, 0));
-  if (first == L"PUBLIC" || first == L"GLOBAL") {
-    const std::wstring second = vba::LCase(Word(statement, 1));
-    if (second == L"const") return Make(DeclKind::Constants, statement, 14);
-    if (second == L"enum") return Make(DeclKind::Enum, statement, 13);
-    if (second == L"type") return Make(DeclKind::Type, statement, 13);
-    if (second == L"declare") return Make(DeclKind::Declare, statement, 16);
-    return Make(DeclKind::Variables, statement, 8);
-  }
+  if (first == L"PUBLIC" || first == L"GLOBAL") return BehindScopeWord(statement);
   if (first == L"ENUM") return Make(DeclKind::Enum, statement, 6);
   if (first == L"TYPE") return Make(DeclKind::Type, statement, 6);
   return {};
@@ -98,45 +97,52 @@ std::wstring FirstWord(std::wstring_view text) { return vba::Split(vba::Trim(tex
 
 }  // namespace
 
+namespace {
+
+// A block (an enum or a type) named by the first word of `text`, its members read from the
+// statements up to `endText` by `member`, and kept in `blocks` under its name.
+template <class Block, class Blocks, class Member>
+void BlockAdd(kernel::Session& s, std::wstring_view where, std::wstring_view text,
+              const std::vector<std::wstring>& statements, size_t& index, std::wstring_view endText, Blocks& blocks,
+              std::wstring_view module, bool isPrivate, Member&& member) {
+  TrapPassingDuplicates(s, where, [&] {
+    auto block = std::make_shared<Block>();
+    block->Name = FirstWord(text);
+    block->Project = ActiveProjectName(s);
+    block->Module = module;
+    block->IsPrivate = isPrivate;
+    BlockWalk(statements, index, endText, [&](const std::wstring& statement) { member(*block, statement); });
+    AddKeepingFirst(blocks.Items(), block, block->Name);
+  });
+}
+
+}  // namespace
+
 void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colEnums& enums, Constants* constants, std::wstring_view module, bool isPrivate) {
-  TrapPassingDuplicates(s, L"basGlobal.EnumAdd", [&] {
-    auto e = std::make_shared<clsEnum>();
-    e->Name = FirstWord(text);
-    e->Project = ActiveProjectName(s);
-    e->Module = module;
-    e->IsPrivate = isPrivate;
-    BlockWalk(statements, index, L"End Enum", [&](const std::wstring& statement) {
-      std::vector<std::wstring> parts = vba::Split(statement, L"=");
-      auto member = std::make_shared<clsConstant>();
-      member->Name = vba::Trim(parts[0]);
-      if (parts.size() > 1) member->Value = vba::Trim(parts[1]);
-      member->EnumName = member->Type_ = e->Name;
-      member->ModuleName = module;
-      member->Project = e->Project;
-      PassOverDuplicates([&] { e->Add(member); });
-      if (constants) AddKeepingFirst(*constants, member, member->Name);
-    });
-    AddKeepingFirst(enums.Items(), e, e->Name);
-  });
+  BlockAdd<clsEnum>(s, L"basGlobal.EnumAdd", text, statements, index, L"End Enum", enums, module, isPrivate,
+                    [&](clsEnum& e, const std::wstring& statement) {
+                      std::vector<std::wstring> parts = vba::Split(statement, L"=");
+                      auto member = std::make_shared<clsConstant>();
+                      member->Name = vba::Trim(parts[0]);
+                      if (parts.size() > 1) member->Value = vba::Trim(parts[1]);
+                      member->EnumName = member->Type_ = e.Name;
+                      member->ModuleName = module;
+                      member->Project = e.Project;
+                      PassOverDuplicates([&] { e.Add(member); });
+                      if (constants) AddKeepingFirst(*constants, member, member->Name);
+                    });
 }
 
 void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colTypes& types, std::wstring_view module, bool isPrivate) {
-  TrapPassingDuplicates(s, L"basGlobal.TypeAdd", [&] {
-    auto t = std::make_shared<clsType>();
-    t->Name = FirstWord(text);
-    t->Project = ActiveProjectName(s);
-    t->Module = module;
-    t->IsPrivate = isPrivate;
-    BlockWalk(statements, index, L"End Type", [&](const std::wstring& statement) {
-      auto field = std::make_shared<clsVariable>();
-      field->init(statement);
-      field->ModuleName = module;
-      AddKeepingFirst(t->Items(), field, field->Name);
-    });
-    AddKeepingFirst(types.Items(), t, t->Name);
-  });
+  BlockAdd<clsType>(s, L"basGlobal.TypeAdd", text, statements, index, L"End Type", types, module, isPrivate,
+                    [&](clsType& t, const std::wstring& statement) {
+                      auto field = std::make_shared<clsVariable>();
+                      field->init(statement);
+                      field->ModuleName = module;
+                      AddKeepingFirst(t.Items(), field, field->Name);
+                    });
 }
 
 Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic) {
