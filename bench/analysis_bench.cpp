@@ -45,7 +45,7 @@ struct Editor : BenchSession {
     auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Book1.xlsm");
     auto component = project->AddComponent(L"Module1", host::kStdModule, LongProcedure());
     vbe.ActivateComponent(component);
-    vbe.ActiveCodePane()->SetSelection(100, 1, 100, 1);
+    vbe.ActiveCodePane()->SetSelection({100, 1});
   }
 };
 

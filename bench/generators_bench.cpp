@@ -33,7 +33,7 @@ struct Editor : BenchSession {
     // In the middle of the module, on a line of a procedure body.
     long line = static_cast<long>(lines.size() / 2);
     while (lines[line - 1].rfind(L"    ", 0) != 0) ++line;
-    vbe.ActiveCodePane()->SetSelection(line, 5, line, 5);
+    vbe.ActiveCodePane()->SetSelection({line, 5});
   }
 };
 

@@ -241,11 +241,10 @@ void AddTypeItem(List& list, std::wstring_view text) {
 std::wstring CurrentWordGet(kernel::Session& s) {
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return {};
-  long sl, sc, el, ec;
-  pane->GetSelection(sl, sc, el, ec);
-  if (sl != el || sc == ec) return {};
-  const std::wstring line = pane->CodeModule()->Lines(sl, 1);
-  const long from = std::min(sc, ec), to = std::max(sc, ec);
+  const host::Selection sel = pane->GetSelection();
+  if (!sel.IsOneLine() || sel.IsCaret()) return {};
+  const std::wstring line = pane->CodeModule()->Lines(sel.startLine, 1);
+  const long from = std::min(sel.startColumn, sel.endColumn), to = std::max(sel.startColumn, sel.endColumn);
   std::wstring word = from <= static_cast<long>(line.size()) ? line.substr(from - 1, to - from) : std::wstring{};
   static constexpr std::wstring_view kDropped = L"\" `~!@#$%^&*()-+={}[]?<>,.";
   std::erase_if(word, [](wchar_t c) { return kDropped.find(c) != std::wstring_view::npos; });

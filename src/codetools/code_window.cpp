@@ -28,7 +28,7 @@ void CommentCommand(kernel::Session& s, Edit edit) {
   if (!pane) return;
   if (auto window = pane->Window()) window->SetFocus();
   auto module = pane->CodeModule();
-  PaneSelection sel = SelectionOf(*pane);
+  host::Selection sel = pane->GetSelection();
   CommentFrame frame = CommentFrameOf(sel);
   long count = module->CountOfLines();
   std::vector<std::wstring> lines = ReadLines(*module, frame.first, std::min(frame.last, count));
@@ -39,11 +39,11 @@ void CommentCommand(kernel::Session& s, Edit edit) {
     for (long line = count + 1; line <= frame.last; ++line) module->InsertLines(line, L"");
     WriteChangedLines(*module, frame.first, lines, result.lines);
   }
-  Select(*pane, result.selection);
+  pane->SetSelection(result.selection);
 }
 
-PaneSelection SelectionAfter(const PaneSelection& sel, const CommentFrame& frame, long endColumnShift) {
-  PaneSelection after = sel;
+host::Selection SelectionAfter(const host::Selection& sel, const CommentFrame& frame, long endColumnShift) {
+  host::Selection after = sel;
   after.endLine = frame.last + (frame.lastLineCut ? 1 : 0);
   if (!frame.lastLineCut) after.endColumn = sel.endColumn + endColumnShift;
   if (frame.noSelection) after.endColumn = sel.startColumn;
@@ -52,7 +52,7 @@ PaneSelection SelectionAfter(const PaneSelection& sel, const CommentFrame& frame
 
 }  // namespace
 
-CommentFrame CommentFrameOf(const PaneSelection& sel) {
+CommentFrame CommentFrameOf(const host::Selection& sel) {
   CommentFrame f;
   f.first = sel.startLine;
   f.last = sel.endLine;
@@ -64,13 +64,13 @@ CommentFrame CommentFrameOf(const PaneSelection& sel) {
   return f;
 }
 
-CommentEdit CommentedLines(std::vector<std::wstring> lines, const PaneSelection& sel) {
+CommentEdit CommentedLines(std::vector<std::wstring> lines, const host::Selection& sel) {
   CommentFrame frame = CommentFrameOf(sel);
   for (auto& line : lines) line = L"'" + line;
   return {std::move(lines), true, SelectionAfter(sel, frame, 1)};
 }
 
-CommentEdit UncommentedLines(std::vector<std::wstring> lines, const PaneSelection& sel) {
+CommentEdit UncommentedLines(std::vector<std::wstring> lines, const host::Selection& sel) {
   CommentFrame frame = CommentFrameOf(sel);
   int changed = 0;
   long shift = 0;

@@ -25,18 +25,18 @@ struct CommentFrame {
   bool lastLineCut = false;
   bool noSelection = false;
 };
-CommentFrame CommentFrameOf(const PaneSelection& sel);
+CommentFrame CommentFrameOf(const host::Selection& sel);
 
 // The edit of a comment command: the new text of the frame's lines, whether any changed,
 // and the selection afterwards.
 struct CommentEdit {
   std::vector<std::wstring> lines;
   bool changed = false;
-  PaneSelection selection;
+  host::Selection selection;
 };
 // An apostrophe in front of each line.
-CommentEdit CommentedLines(std::vector<std::wstring> lines, const PaneSelection& sel);
+CommentEdit CommentedLines(std::vector<std::wstring> lines, const host::Selection& sel);
 // The first apostrophe of each line that begins (behind its blanks) with one.
-CommentEdit UncommentedLines(std::vector<std::wstring> lines, const PaneSelection& sel);
+CommentEdit UncommentedLines(std::vector<std::wstring> lines, const host::Selection& sel);
 
 }  // namespace quillet::codetools

@@ -114,13 +114,13 @@ void UnReplaceLines(kernel::Session& s) {
     auto pane = ActivePane(s);
     if (!pane) return;
     auto module = pane->CodeModule();
-    PaneSelection sel = SelectionOf(*pane);
+    host::Selection sel = pane->GetSelection();
     long last = std::min(sel.endLine, module->CountOfLines());
     if (sel.startLine >= 1) {
       auto before = ReadLines(*module, sel.startLine, last);
       WriteChangedLines(*module, sel.startLine, before, WithoutNumbers(before));
     }
-    Select(*pane, sel);
+    pane->SetSelection(sel);
   });
 }
 
@@ -129,7 +129,7 @@ void ReplaceLines(kernel::Session& s, long& base) {
     auto pane = ActivePane(s);
     if (!pane) return;
     auto module = pane->CodeModule();
-    PaneSelection sel = SelectionOf(*pane);
+    host::Selection sel = pane->GetSelection();
     long count = module->CountOfLines();
     long last = std::min(sel.endLine, count);
     if (base == 0) base = sel.startLine;
@@ -141,7 +141,7 @@ void ReplaceLines(kernel::Session& s, long& base) {
       WriteChangedLines(*module, sel.startLine, before,
                         WithNumbers(before, sel.startLine, base, after));
     }
-    Select(*pane, sel);
+    pane->SetSelection(sel);
   });
 }
 

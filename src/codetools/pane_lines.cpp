@@ -4,16 +4,6 @@
 
 namespace quillet::codetools {
 
-PaneSelection SelectionOf(const host::CodePane& pane) {
-  PaneSelection sel;
-  pane.GetSelection(sel.startLine, sel.startColumn, sel.endLine, sel.endColumn);
-  return sel;
-}
-
-void Select(host::CodePane& pane, const PaneSelection& sel) {
-  pane.SetSelection(sel.startLine, sel.startColumn, sel.endLine, sel.endColumn);
-}
-
 host::Ptr<host::CodePane> ActivePane(kernel::Session& s) { return s.vbe ? s.vbe->ActiveCodePane() : nullptr; }
 
 std::vector<std::wstring> ReadLines(const host::CodeModule& module, long first, long last) {

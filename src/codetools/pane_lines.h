@@ -1,6 +1,6 @@
 #pragma once
-// The small mechanics the code-window commands share: the selection of a pane as one
-// value, the lines of a range as a list, and writing back only the lines that changed.
+// The small mechanics the code-window commands share: the lines of a range as a list,
+// and writing back only the lines that changed.
 #include <string>
 #include <vector>
 
@@ -9,13 +9,6 @@
 
 namespace quillet::codetools {
 
-struct PaneSelection {
-  long startLine = 0, startColumn = 0, endLine = 0, endColumn = 0;
-  bool operator==(const PaneSelection&) const = default;
-};
-
-PaneSelection SelectionOf(const host::CodePane& pane);
-void Select(host::CodePane& pane, const PaneSelection& sel);
 // The active code pane, nullptr when there is none (or no editor).
 host::Ptr<host::CodePane> ActivePane(kernel::Session& s);
 

@@ -139,14 +139,6 @@ class CodePane {
   // The selection, its start before its end whichever way the user drew it.
   virtual Selection GetSelection() const = 0;
   virtual void SetSelection(const Selection& selection) = 0;
-  // Four loose numbers, for the scenario runner until it speaks Selection.
-  void SetSelection(long startLine, long startColumn, long endLine, long endColumn) {
-    SetSelection(Selection(startLine, startColumn, endLine, endColumn));
-  }
-  void GetSelection(long& startLine, long& startColumn, long& endLine, long& endColumn) const {
-    Selection s = GetSelection();
-    startLine = s.startLine, startColumn = s.startColumn, endLine = s.endLine, endColumn = s.endColumn;
-  }
   virtual long TopLine() const = 0;
   virtual void SetTopLine(long line) = 0;
   // Opens the code window and makes it the active one.

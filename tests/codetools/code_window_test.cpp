@@ -9,7 +9,7 @@
 #include "io/project_folder.h"
 
 using namespace quillet;
-using codetools::PaneSelection;
+using PaneSelection = host::Selection;
 
 namespace {
 

@@ -92,8 +92,8 @@ struct EditorFixture {
   Builder Build() { return Builder{*this, project, nullptr}; }
 
   host::MemoryCodePane& Pane() { return static_cast<host::MemoryCodePane&>(*vbe.ActiveCodePane()); }
-  void Caret(long line, long column) { Pane().SetSelection(line, column, line, column); }
-  void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection(l1, c1, l2, c2); }
+  void Caret(long line, long column) { Pane().SetSelection({line, column}); }
+  void Select(long l1, long c1, long l2, long c2) { Pane().SetSelection({l1, c1, l2, c2}); }
   std::vector<long> Selection() {
     host::Selection s = Pane().GetSelection();
     return {s.startLine, s.startColumn, s.endLine, s.endColumn};

@@ -308,7 +308,7 @@ void ScenarioRunner::SetupActive(const json& active) {
     if (active.contains("selection")) {
       const json& sel = active["selection"];
       if (!sel.is_array() || sel.size() != 4) throw UnreadableInput{"\"selection\" is [startLine, startColumn, endLine, endColumn]"};
-      vbe_->ActiveCodePane()->SetSelection(sel[0], sel[1], sel[2], sel[3]);
+      vbe_->ActiveCodePane()->SetSelection({sel[0], sel[1], sel[2], sel[3]});
     }
   }
   if (active.contains("window")) ExecuteEditorStep("window", active["window"]);
@@ -362,10 +362,9 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
     auto module = vbe_->ActiveCodePane()->CodeModule();
     auto component = module->Parent();
     auto project = std::static_pointer_cast<host::MemoryComponent>(component)->Project();
-    long a, b, c, d;
-    vbe_->ActiveCodePane()->GetSelection(a, b, c, d);
+    const host::Selection sel = vbe_->ActiveCodePane()->GetSelection();
     active = {{"project", U(project ? project->Name() : L"")}, {"component", U(component->Name())},
-              {"selection", {a, b, c, d}}};
+              {"selection", {sel.startLine, sel.startColumn, sel.endLine, sel.endColumn}}};
   }
   out["active"] = active;
   out["clipboard"] = platform_ ? U(platform_->ClipboardGetText()) : "";

@@ -123,7 +123,7 @@ void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& valu
     auto pane = vbe_->ActiveCodePane();
     if (!pane) throw ScenarioError{label + ": no code pane is open to select in"};
     if (!value.is_array() || value.size() != 4) throw ScenarioError{label + ": a selection is [l1, c1, l2, c2]"};
-    pane->SetSelection(value[0], value[1], value[2], value[3]);
+    pane->SetSelection({value[0], value[1], value[2], value[3]});
   } else if (kind == "activate") {
     vbe_->ActivateComponent(Component(value));
   } else if (kind == "window") {

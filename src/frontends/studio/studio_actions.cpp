@@ -89,7 +89,7 @@ json StudioEngine::Impl::Dispatch(const json& action) {
     const json& s = action.at("selection");
     if (!s.is_array() || s.size() != 4) throw RequestError{400, "a selection is [startLine, startColumn, endLine, endColumn]"};
     vbe->ActivateWindow(std::static_pointer_cast<host::MemoryWindow>(pane->Window()));
-    pane->SetSelection(s[0], s[1], s[2], s[3]);
+    pane->SetSelection({s[0], s[1], s[2], s[3]});
     return nullptr;
   }
   if (kind == "keys") {

@@ -262,14 +262,14 @@ json StudioEngine::Impl::BuildState() {
     auto module = pane->Module();
     auto component = std::static_pointer_cast<host::MemoryComponent>(module->Parent());
     auto project = component->Project();
-    long a, b, c, d;
-    pane->GetSelection(a, b, c, d);
+    const host::Selection sel = pane->GetSelection();
     if (linesOf.first != module.get() || linesOf.second != module->Revision()) {
       linesOf = {module.get(), module->Revision()};
       linesJson = LinesJson(module->AllLines());
     }
     active = {{"project", U(project ? project->Name() : L"")}, {"component", U(component->Name())},
-              {"lines", linesJson}, {"selection", {a, b, c, d}}};
+              {"lines", linesJson},
+              {"selection", {sel.startLine, sel.startColumn, sel.endLine, sel.endColumn}}};
   }
   s["active"] = active;
   auto window = vbe->ActiveWindow();
