@@ -61,9 +61,24 @@ long NewNameIsOK(kernel::Session& s, const std::wstring& name, int kind) {
   if (kind == kKindVariable || kind == kKindConstant) {
     const analysis::ProjectModels& models = ModelsOf(s);
     Scope& scope = ScopeOf(s);
+    // The module's procedures are asked of the editor, which knows them by name: reading
+    // their definitions would cost a scan of the whole module for one name.
+    host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
+    host::Ptr<host::CodeModule> module = pane ? pane->CodeModule() : nullptr;
+    settings::NameLookup moduleProcs = [module](std::wstring_view name) {
+      if (!module) return false;
+      for (host::ProcKind kind : {host::kProcKind, host::kGetKind, host::kLetKind, host::kSetKind}) {
+        try {
+          module->ProcStartLine(name, kind);
+          return true;
+        } catch (const vba::Error&) {
+        }
+      }
+      return false;
+    };
     lookups = {settings::LookupIn(models.LibraryProcs), settings::LookupIn(models.ProjectProcs),
                settings::LookupIn(models.ProjectVars),  settings::LookupIn(models.ProjectConsts),
-               settings::LookupIn(scope.ModuleProcs(s)), settings::LookupIn(scope.ModuleVars),
+               moduleProcs,                             settings::LookupIn(scope.ModuleVars),
                settings::LookupIn(scope.ModuleConsts),  settings::LookupIn(scope.ProcVars),
                settings::LookupIn(scope.ProcConsts)};
   }
