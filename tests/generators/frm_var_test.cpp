@@ -5,6 +5,7 @@
 #include "../support/fixtures.h"
 #include "generators/frm_var.h"
 #include "generators/scope.h"
+#include "settings/items.h"
 
 namespace quillet::generators {
 namespace {
@@ -85,6 +86,22 @@ TEST(FrmVar, OutsideAProcedureOnlyModuleEntriesAreOffered) {
   var.txtName.SetText(L"total");
   var.SetAccessibilityItem(5);
   EXPECT_EQ(var.BuildCodeLine().line, L"Private total As Long");
+}
+
+TEST(FrmVar, WithModeOffersObjectTypesAndInsertsTheNameWithABlank) {
+  test::SessionFixture fx;
+  auto module = fx.Code(L"Module1", {L"Sub Main()", L"    x = |", L"End Sub"});
+  fx.project->AddComponent(L"Class1", host::kClassModule, {L"Option Explicit"});
+  fx.session.settings[settings::kDeclarationIndented] = true;
+  initialize(fx.session, L"", L"");
+  FrmVar var(fx.session);
+  var.Init({.withMode = true, .insertInstance = true});
+  EXPECT_EQ(Entries(var.cboDataType), (std::vector<std::wstring>{L"Object", L"Collection", L"Class1"}));
+  EXPECT_EQ(var.cboDataType.Text(), L"Object");
+  EXPECT_FALSE(var.cmdOKAndPaste.Enabled());
+  var.txtName.SetText(L"obj");
+  ASSERT_TRUE(var.PressOK(false));
+  EXPECT_EQ(fx.Text(module), L"Sub Main()\r\n    Dim obj As Object\r\n    x = obj \r\nEnd Sub");
 }
 
 TEST(FrmVar, ArgumentsGoLastOrBeforeAChosenOne) {
