@@ -3,6 +3,8 @@
 #include <map>
 
 #include "analysis/scan_proc.h"
+#include "generators/frm_input_box.h"
+#include "generators/var_const_code.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
 
@@ -22,12 +24,18 @@ void Exit(kernel::Session& s, const std::wstring&, std::wstring&) {
 }
 void Filename(kernel::Session& s, const std::wstring&, std::wstring&) { FilenameAdd(s); }
 void Folder(kernel::Session& s, const std::wstring&, std::wstring&) { FoldernameAdd(s); }
+// The quick box of a declaration, the argument naming the data type.
+template <int kind>
+void QuickBox(kernel::Session& s, const std::wstring&, std::wstring& type) {
+  QuickBoxOpen(s, kind, type);
+}
 
 }  // namespace
 
 const std::vector<DispatcherCommand>& DispatcherCommands() {
   static const std::vector<DispatcherCommand> table = {
-      {L"Dim"}, {L"Const"}, {L"Property"}, {L"Insert Variable"}, {L"Insert Objectname"},
+      {L"Dim", QuickBox<kKindVariable>}, {L"Const", QuickBox<kKindConstant>},
+      {L"Property", QuickBox<kKindProperty>}, {L"Insert Variable"}, {L"Insert Objectname"},
       {L"Explicit Argument"}, {L"Type"}, {L"Enum"}, {L"With"},
       {L"If Then", IfBlock}, {L"If Then Else", IfBlock}, {L"If Then Else If", IfBlock},
       {L"If Then ElseIf Else", IfBlock},

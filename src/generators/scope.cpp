@@ -36,6 +36,9 @@ void initialize(kernel::Session& s, const std::wstring& command, const std::wstr
   scope->command = command;
   scope->argument = argument;
   ScopeSlot(s) = scope;
+  // A declaration command proposes the word the user selected as the name.
+  if ((command == L"Dim" || command == L"Const" || command == L"Property") && !argument.empty())
+    scope->proposedName = analysis::CurrentWordGet(s);
   if (host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr)
     scope->component_ = pane->CodeModule()->Parent();
   // The project's models follow the edits since the last command, then the module at the

@@ -7,6 +7,8 @@
 #include "codetools/code_window.h"
 #include "codetools/numbering.h"
 #include "generators/dispatcher_commands.h"
+#include "generators/frm_const.h"
+#include "generators/frm_var.h"
 #include "generators/quillet.h"
 #include "kernel/strings.h"
 #include "shell/menu_tree.h"
@@ -128,6 +130,8 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     return kernel::FormOpen(s, std::make_unique<settings::FrmSettings>(s), o);
   }
   if (auto it = Builders().find(handler); it != Builders().end()) {
+    if (it->second == L"frmVar") return generators::VarBuilderOpen(s);
+    if (it->second == L"frmConst") return generators::ConstBuilderOpen(s);
     if (!kernel::CodeWindowActive(s)) return;
     return kernel::NotAvailable(s, L"the builder " + it->second);
   }

@@ -14,7 +14,10 @@
 
 #include "../support/fixtures.h"
 #include "generators/quillet.h"
+#include "generators/frm_input_box.h"
 #include "generators/statements.h"
+#include "generators/var_const_code.h"
+#include "kernel/form_open.h"
 #include "kernel/code_edit.h"
 #include "vba/encoding.h"
 #include "vba/strings.h"
@@ -147,6 +150,26 @@ std::string LostLine(const Lines& before, const Lines& after) {
   return "line " + std::to_string(p + 1) + " \"" + vba::ToUtf8(old) + "\" overwritten";
 }
 
+// For commands that write in two places (a declaration and the name at the caret): every
+// line with text still stands, in order, as it was or grown around what it held.
+std::string LostLineOfMany(const Lines& before, const Lines& after) {
+  auto grown = [](const std::wstring& old, const std::wstring& now) {
+    std::size_t a = 0;
+    while (a < old.size() && a < now.size() && old[a] == now[a]) ++a;
+    std::size_t b = 0;
+    while (b < old.size() - a && b < now.size() - a && old[old.size() - 1 - b] == now[now.size() - 1 - b]) ++b;
+    return a + b == old.size();
+  };
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (vba::Trim(before[i]).empty()) continue;
+    while (at < after.size() && !grown(before[i], after[at])) ++at;
+    if (at == after.size()) return "line " + std::to_string(i + 1) + " \"" + vba::ToUtf8(before[i]) + "\" lost";
+    ++at;
+  }
+  return {};
+}
+
 std::string Show(const Lines& lines, const host::Selection& s) {
   std::string text;
   for (const std::wstring& l : lines) text += "  \"" + vba::ToUtf8(l) + "\"\n";
@@ -170,6 +193,31 @@ std::vector<std::pair<std::string, std::function<kernel::CodeEdit(const kernel::
   for (const wchar_t* cmd : {L"IfDoLoopWhile", L"IfDoLoopUntil", L"ForEachNext", L"ForNext", L"While"})
     c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) { return *generators::LoopEdit(v, cmd); }});
   c.push_back({"With", [](const kernel::CodeView& v) { return *generators::WithEdit(v, L"Sheet1"); }});
+  // The placings of declarations, on the same lines read as a module.
+  auto decl = [](const kernel::CodeView& v) {
+    Lines lines;
+    for (long n = 1; n <= v.count; ++n) lines.push_back(v.line(n));
+    return generators::DeclViewOf(lines, v.selection, v.tab);
+  };
+  auto orNothing = [](std::optional<kernel::CodeEdit> e) { return e.value_or(kernel::CodeEdit{}); };
+  c.push_back({"Dim (procedure)", [=](const kernel::CodeView& v) {
+                 return orNothing(generators::ProcVariableEdit(decl(v), L"Dim x As Long", true));
+               }});
+  c.push_back({"Const (procedure)", [=](const kernel::CodeView& v) {
+                 return orNothing(generators::ProcConstEdit(decl(v), L"Const X As Long = 1", true));
+               }});
+  c.push_back({"Dim (module)", [=](const kernel::CodeView& v) {
+                 return generators::ModuleDeclEdit(decl(v), L"Private x As Long", L"x", true, true);
+               }});
+  c.push_back({"Dim (declarations)", [=](const kernel::CodeView& v) {
+                 return generators::DeclarationSectionEdit(decl(v), L"Dim x As Long", L"");
+               }});
+  c.push_back({"Enum member", [=](const kernel::CodeView& v) {
+                 generators::DeclView d = decl(v);
+                 std::wstring block;
+                 long line = generators::BlockLineGet(d, true, block);
+                 return line > 0 ? generators::BlockLineEdit(d, line, L"X = 1") : kernel::CodeEdit{};
+               }});
   return c;
 }
 
@@ -229,6 +277,32 @@ TEST(NoLostLine, TheDispatcherKeepsEveryUserLineInTheEditor) {
       ADD_FAILURE() << vba::ToUtf8(command) << ": " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
                     << Show(lines, place);
     }
+    // The quick boxes of Dim and Const, filled and confirmed as a user does.
+    fx.session.showMode = 0;
+    for (const wchar_t* command : {L"Dim", L"Const"}) {
+      if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
+      if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
+      // A selected word is the proposed name and gives way to it: a bare caret here.
+      fx.Pane().SetSelection(place.Start());
+      std::wstring argument = L"Long";
+      generators::QuilletHandle(fx.session, command, argument);
+      if (fx.session.openForms.empty()) continue;
+      auto* box = dynamic_cast<generators::FrmInputBox*>(fx.session.openForms.back().get());
+      ASSERT_NE(box, nullptr);
+      box->txtName.SetText(L"qNew" + std::to_wstring(n));
+      box->txtValue.SetText(L"1");
+      box->cmdOK.SetValue(true);  // pressed, as a click does
+      kernel::ReleaseClosedForms(fx.session);
+      fx.platform.DoEvents();
+      Lines after;
+      for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
+      std::string lost = LostLineOfMany(lines, after);
+      if (lost.empty()) continue;
+      ++failures;
+      ADD_FAILURE() << vba::ToUtf8(command) << ": " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
+                    << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    }
+    fx.session.showMode = 1;
   }
 }
 

@@ -1,0 +1,107 @@
+#include "generators/frm_decl_builder.h"
+
+#include "generators/frm_input_box.h"
+#include "generators/scope.h"
+#include "generators/selection.h"
+#include "generators/var_const_code.h"
+#include "kernel/position.h"
+#include "settings/name_checks.h"
+#include "ui/ui_host.h"
+#include "vba/strings.h"
+
+namespace quillet::generators {
+
+DeclBuilder::DeclBuilder(kernel::Session& s, std::wstring formName)
+    : kernel::BuilderForm(s.ui, std::move(formName)),
+      lblName(Add<ui::Label>(L"lblName")),
+      txtName(Add<ui::TextBox>(L"txtName")),
+      lblDataType(Add<ui::Label>(L"lblDataType")),
+      cboDataType(Add<ui::ComboBox>(L"cboDataType")),
+      lblAccessibility(Add<ui::Label>(L"lblAccessibility")),
+      cboAccessibility(Add<ui::ComboBox>(L"cboAccessibility")),
+      lblModule(Add<ui::Label>(L"lblModule")),
+      cboModule(Add<ui::ComboBox>(L"cboModule")),
+      lblDescription(Add<ui::Label>(L"lblDescription")),
+      txtDescription(Add<ui::TextBox>(L"txtDescription")),
+      cmdObjectName(Add<ui::CommandButton>(L"cmdObjectName")),
+      cmdOK(Add<ui::CommandButton>(L"cmdOK")),
+      cmdOKAndPaste(Add<ui::CommandButton>(L"cmdOKAndPaste")),
+      cmdCancel(Add<ui::CommandButton>(L"cmdCancel")),
+      cmdHelp(Add<ui::CommandButton>(L"cmdHelp")),
+      s_(s) {
+  SetBorderStyle(ui::vbFixedDialog);
+  lblName.SetCaption(L"&Name");
+  lblDataType.SetCaption(L"&Type");
+  lblAccessibility.SetCaption(L"&Accessibility");
+  cboAccessibility.SetStyle(ui::vbComboDropdownList);
+  lblModule.SetCaption(L"&Module");
+  lblDescription.SetCaption(L"&Description");
+  cmdObjectName.SetCaption(L"...");
+  cmdObjectName.SetToolTipText(L"Open Object Name Dialog");
+  cmdOK.SetCaption(L"OK");
+  cmdOK.SetDefault(true);
+  cmdOKAndPaste.SetCaption(L"OK && &Paste");
+  cmdCancel.SetCaption(L"Cancel");
+  cmdCancel.SetCancel(true);
+  cmdHelp.SetCaption(L"&Help");
+  cmdCancel.OnClick = [this] { Unload(); };
+}
+
+void DeclBuilder::ModulesListFill() {
+  cboModule.Clear();
+  cboModule.AddItem(L"<New Module>");
+  cboModule.AddItem(L"<New Class Module>");
+  host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
+  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
+  std::wstring active = pane ? pane->CodeModule()->Parent()->Name() : std::wstring();
+  if (!project) return;
+  host::Ptr<host::VBComponents> components = project->VBComponents();
+  for (long i = 1; i <= components->Count(); ++i) {
+    std::wstring name = components->Item(i)->Name();
+    cboModule.AddItem(name);
+    if (name == active) cboModule.SetListIndex(cboModule.NewIndex());
+  }
+}
+
+bool DeclBuilder::ModuleIsActive() const {
+  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
+  return pane && vba::StrComp(vba::Trim(cboModule.Text()), pane->CodeModule()->Parent()->Name(), vba::Compare::Text) == 0;
+}
+
+bool DeclBuilder::NameAccepted(const std::wstring& name, int kind) {
+  long answer = NewNameIsOK(s_, name, kind);
+  if (answer == settings::kErrNameMissing || answer == ui::vbNo) {
+    txtName.SetFocus();
+    return false;
+  }
+  if (answer == ui::vbCancel) {
+    Unload();
+    return false;
+  }
+  return true;
+}
+
+std::wstring DeclBuilder::DescriptionSuffix() const {
+  std::wstring d = txtDescription.Text();
+  return d.empty() ? std::wstring() : kernel::TabSpacesGet(s_) + L"'" + d;
+}
+
+void DeclBuilder::NameDelivered(const std::wstring& name, bool pasteAsked, bool withBlank) {
+  if (!name.empty()) s_.platform.ClipboardSetText(name);
+  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
+  if (!pane) return;
+  std::wstring text = name;
+  if (withBlank) {
+    text += L" ";
+    InstanceAdd(s_, pane, text, {.allowEmptySelection = true});
+  } else if (pasteAsked || (!parent_ && prefilled_)) {
+    InstanceAdd(s_, pane, text, {.allowEmptySelection = true});
+  }
+}
+
+void DeclBuilder::Done(const std::wstring& name) {
+  newName_ = name;
+  Unload();
+}
+
+}  // namespace quillet::generators
