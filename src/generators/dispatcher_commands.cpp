@@ -3,6 +3,7 @@
 #include <map>
 
 #include "analysis/scan_proc.h"
+#include "generators/pick_lists.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
 
@@ -27,17 +28,18 @@ void Folder(kernel::Session& s, const std::wstring&, std::wstring&) { Foldername
 
 const std::vector<DispatcherCommand>& DispatcherCommands() {
   static const std::vector<DispatcherCommand> table = {
-      {L"Dim"}, {L"Const"}, {L"Property"}, {L"Insert Variable"}, {L"Insert Objectname"},
-      {L"Explicit Argument"}, {L"Type"}, {L"Enum"}, {L"With"},
+      {L"Dim"}, {L"Const"}, {L"Property"}, {L"Insert Variable", PickVariableCommand}, {L"Insert Objectname"},
+      {L"Explicit Argument"}, {L"Type"}, {L"Enum"}, {L"With", PickVariableCommand},
       {L"If Then", IfBlock}, {L"If Then Else", IfBlock}, {L"If Then Else If", IfBlock},
       {L"If Then ElseIf Else", IfBlock},
-      {L"Select Case"}, {L"Select Case Else"}, {L"Select Case UCase"}, {L"Select From Enum"},
+      {L"Select Case", SelectCaseCommand}, {L"Select Case Else", SelectCaseCommand},
+      {L"Select Case UCase", SelectCaseCommand}, {L"Select From Enum", SelectFromEnumCommand},
       {L"IfDoLoopWhile", LoopBlock}, {L"IfDoLoopUntil", LoopBlock}, {L"ForEachNext", LoopBlock},
       {L"ForNext", LoopBlock}, {L"While", LoopBlock},
-      {L"On Error GoTo"}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
-      {L"Resume"}, {L"GoTo"}, {L"Exit", Exit}, {L"ErrorHandling"},
+      {L"On Error GoTo", PickLabelCommand}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
+      {L"Resume", PickLabelCommand}, {L"GoTo", PickLabelCommand}, {L"Exit", Exit}, {L"ErrorHandling"},
       {L"Filename", Filename}, {L"Folder", Folder},
-      {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print "},
+      {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print ", PickVariableCommand},
   };
   return table;
 }
