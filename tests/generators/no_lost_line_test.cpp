@@ -14,6 +14,7 @@
 
 #include "../support/fixtures.h"
 #include "generators/quillet.h"
+#include "generators/select_case.h"
 #include "generators/statements.h"
 #include "kernel/code_edit.h"
 #include "vba/encoding.h"
@@ -170,6 +171,22 @@ std::vector<std::pair<std::string, std::function<kernel::CodeEdit(const kernel::
   for (const wchar_t* cmd : {L"IfDoLoopWhile", L"IfDoLoopUntil", L"ForEachNext", L"ForNext", L"While"})
     c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) { return *generators::LoopEdit(v, cmd); }});
   c.push_back({"With", [](const kernel::CodeView& v) { return *generators::WithEdit(v, L"Sheet1"); }});
+  for (const wchar_t* cmd : {L"GoTo", L"On Error GoTo", L"Resume"})
+    c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) {
+                   return generators::CodeInsertEdit(v, std::wstring(cmd) + L" ErrExit", cmd,
+                                                     {.allowInline = true, .spaceBefore = true});
+                 }});
+  c.push_back({"Debug.Print ", [](const kernel::CodeView& v) {
+                 return generators::CodeInsertEdit(v, L"Debug.Print ", L"Debug.Print ", {.allowInline = true, .spaceBefore = true});
+               }});
+  for (const wchar_t* cmd : {L"Select Case", L"Select Case Else", L"Select Case UCase"})
+    c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) {
+                   return generators::SelectCaseEdit(v, {.command = cmd, .testExpression = L"x", .values = {L"1", L"2"}});
+                 }});
+  c.push_back({"Select From Enum", [](const kernel::CodeView& v) {
+                 return generators::SelectCaseEdit(v, {.command = L"Select From Enum", .testExpression = L"e",
+                                                       .members = {L"xlRed", L"xlBlue"}, .addCaseElse = true});
+               }});
   return c;
 }
 
