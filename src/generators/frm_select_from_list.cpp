@@ -178,6 +178,8 @@ void FrmSelectFromList::Ok() {
       if (SelectCodeInsert(s_, in)) Unload();
     } else if (command_ == L"Explicit Argument") {
       if (at < 0) return;
+      // Once a name is written the list offers the others with ":=" already behind them.
+      if (vba::Right(item, 2) == L":=") item.resize(item.size() - 2);
       std::wstring text = item + L":= ";
       InstanceAdd(s_, s_.vbe->ActiveCodePane(), text, {.allowEmptySelection = true, .sendKeys = true});
       Unload();
