@@ -4,6 +4,7 @@
 
 #include "analysis/scan_proc.h"
 #include "generators/explicit_argument.h"
+#include "generators/frm_enum_or_type.h"
 #include "generators/pick_lists.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
@@ -30,7 +31,7 @@ void Folder(kernel::Session& s, const std::wstring&, std::wstring&) { Foldername
 const std::vector<DispatcherCommand>& DispatcherCommands() {
   static const std::vector<DispatcherCommand> table = {
       {L"Dim"}, {L"Const"}, {L"Property"}, {L"Insert Variable", PickVariableCommand}, {L"Insert Objectname"},
-      {L"Explicit Argument", ExplicitArgumentCommand}, {L"Type"}, {L"Enum"}, {L"With", PickVariableCommand},
+      {L"Explicit Argument", ExplicitArgumentCommand}, {L"Type", EnumOrTypeCommand}, {L"Enum", EnumOrTypeCommand}, {L"With", PickVariableCommand},
       {L"If Then", IfBlock}, {L"If Then Else", IfBlock}, {L"If Then Else If", IfBlock},
       {L"If Then ElseIf Else", IfBlock},
       {L"Select Case", SelectCaseCommand}, {L"Select Case Else", SelectCaseCommand},
