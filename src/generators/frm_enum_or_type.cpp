@@ -102,6 +102,7 @@ FrmEnumOrType::FrmEnumOrType(kernel::Session& s)
     }
   };
   lstVars.OnDblClick = [this] { TypeChosen(); };
+  lstVars.OnLostFocus = [this] { TypeListClose(); };
 }
 
 void FrmEnumOrType::Init(const vba::Variant& kind) {
@@ -126,16 +127,23 @@ void FrmEnumOrType::ItemsKeyPress(int& keyAscii) {
   // The blank goes in before the list takes the focus; the type chosen follows it.
   keyAscii = 0;
   txtItems.SetSelText(L" ");
+  // Enter in the list chooses a type rather than pressing OK.
+  cmdOk.SetDefault(false);
   lstVars.SetVisible(true);
   if (lstVars.ListCount() > 0 && lstVars.ListIndex() < 0) lstVars.SetListIndex(0);
   lstVars.SetFocus();
+}
+
+void FrmEnumOrType::TypeListClose() {
+  lstVars.SetVisible(false);
+  cmdOk.SetDefault(true);
 }
 
 void FrmEnumOrType::TypeChosen() {
   if (lstVars.ListIndex() < 0) return;
   txtItems.SetSelText(lstVars.Text());
   txtItems.SetSelLength(0);
-  lstVars.SetVisible(false);
+  TypeListClose();
   txtItems.SetFocus();
 }
 

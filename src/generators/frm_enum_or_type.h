@@ -38,6 +38,7 @@ class FrmEnumOrType : public kernel::BuilderForm {
   void ItemsKeyPress(int& keyAscii);
   // The chosen type goes into the items at the caret.
   void TypeChosen();
+  void TypeListClose();
 
   kernel::Session& s_;
   bool isEnum_ = true;
