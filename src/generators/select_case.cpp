@@ -151,6 +151,8 @@ bool SelectCodeInsert(kernel::Session& s, const SelectCaseInput& input) {
   if (!view) return false;
   kernel::ApplyEdit(s.platform, *s.vbe->ActiveCodePane(), SelectCaseEdit(*view, r));
 
+  // What follows comes a moment later, after the keystrokes have landed.
+  if (input.varCategory == kNewVariable || input.varCategory > kFunctionCategories) kernel::DoEvents(s);
   if (input.varCategory == kNewVariable) {
     const VariableBuilderHooks& hooks = VariableBuilderHooksOf(s);
     if (hooks.openLater) hooks.openLater(s, input.enumName);
