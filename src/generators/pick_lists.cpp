@@ -21,14 +21,14 @@ enum NameGroup : long {
 
 using NameSet = std::set<std::wstring, vba::TextLess>;
 
-bool IsEnumName(kernel::Session& s, const std::wstring& type) {
-  if (type.empty()) return false;
+// The names of every enum in reach: the module's, the project's, the libraries'.
+NameSet EnumNames(kernel::Session& s) {
+  NameSet names;
   const Scope& scope = ScopeOf(s);
   const analysis::ProjectModels& models = ModelsOf(s);
   for (const analysis::colEnums* enums : {&scope.ModuleEnums, &models.ProjectEnums, &models.LibraryEnums})
-    for (const auto& e : *enums)
-      if (vba::EqualsText(e->Name, type)) return true;
-  return false;
+    for (const auto& e : *enums) names.insert(e->Name);
+  return names;
 }
 
 void SelectFirst(ui::ListBox& list) {
@@ -105,8 +105,9 @@ void EnumsFill(kernel::Session& s, FrmSelectFromList& form) {
   ui::ComboBox& names = form.cboVarlist;
   names.AddItem(L"<New Variable>");
   names.SetItemData(names.NewIndex(), kNewVariable);
+  const NameSet enumNames = EnumNames(s);
   auto offer = [&](const std::wstring& name, const std::wstring& type, long group) {
-    if (!IsEnumName(s, type) || form.enumTypeOf.count(name)) return;
+    if (!enumNames.count(type) || form.enumTypeOf.count(name)) return;
     names.AddItem(name);
     names.SetItemData(names.NewIndex(), group);
     form.enumTypeOf[name] = type;
