@@ -151,7 +151,8 @@ void KnownExpressionsLoad(kernel::Session& s, ProjectModels& models) {
   });
 }
 
-void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName) {
+template <class List>
+void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, List& list, std::wstring_view typeName) {
   kernel::Trap(s, L"basGlobal.KnownExpressionsGet", [&] {
     host::Ptr<host::VBComponent> selected = s.vbe ? s.vbe->SelectedVBComponent() : nullptr;
     const bool inDocument = selected && selected->Type() == kDocumentModule;
@@ -257,6 +258,8 @@ template void DataTypeList(kernel::Session&, const ProjectModels&, const colEnum
                            const DataTypeListOptions&);
 template void ListItemsAdd(const std::vector<std::wstring>&, ui::ComboBox&, long, bool, ListPosition);
 template void ListItemsAdd(const std::vector<std::wstring>&, ui::ListBox&, long, bool, ListPosition);
+template void KnownExpressionsGet(kernel::Session&, const ProjectModels&, ui::ComboBox&, std::wstring_view);
+template void KnownExpressionsGet(kernel::Session&, const ProjectModels&, ui::ListBox&, std::wstring_view);
 template void AddTypeItem(ui::ComboBox&, std::wstring_view);
 template void AddTypeItem(ui::ListBox&, std::wstring_view);
 

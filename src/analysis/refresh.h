@@ -31,7 +31,8 @@ void KnownExpressionsLoad(kernel::Session& s, ProjectModels& models);
 
 // The expressions that give a value of `typeName` (all of them for ""), at the end of
 // `list` with the object kind; "Form." and "Report." ones only in a document module, as "Me.".
-void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, ui::ComboBox& list, std::wstring_view typeName);
+template <class List>
+void KnownExpressionsGet(kernel::Session& s, const ProjectModels& models, List& list, std::wstring_view typeName);
 
 struct DataTypeListOptions {
   bool addNone = false;      // "(none)" first
@@ -68,6 +69,8 @@ extern template void DataTypeList(kernel::Session&, const ProjectModels&, const 
                                   std::wstring_view, const DataTypeListOptions&);
 extern template void ListItemsAdd(const std::vector<std::wstring>&, ui::ComboBox&, long, bool, ListPosition);
 extern template void ListItemsAdd(const std::vector<std::wstring>&, ui::ListBox&, long, bool, ListPosition);
+extern template void KnownExpressionsGet(kernel::Session&, const ProjectModels&, ui::ComboBox&, std::wstring_view);
+extern template void KnownExpressionsGet(kernel::Session&, const ProjectModels&, ui::ListBox&, std::wstring_view);
 extern template void AddTypeItem(ui::ComboBox&, std::wstring_view);
 extern template void AddTypeItem(ui::ListBox&, std::wstring_view);
 

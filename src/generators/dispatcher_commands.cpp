@@ -5,6 +5,9 @@
 #include "analysis/scan_proc.h"
 #include "generators/frm_input_box.h"
 #include "generators/var_const_code.h"
+#include "generators/explicit_argument.h"
+#include "generators/frm_enum_or_type.h"
+#include "generators/pick_lists.h"
 #include "generators/selection.h"
 #include "generators/statements.h"
 
@@ -35,17 +38,19 @@ void QuickBox(kernel::Session& s, const std::wstring&, std::wstring& type) {
 const std::vector<DispatcherCommand>& DispatcherCommands() {
   static const std::vector<DispatcherCommand> table = {
       {L"Dim", QuickBox<kKindVariable>}, {L"Const", QuickBox<kKindConstant>},
-      {L"Property", QuickBox<kKindProperty>}, {L"Insert Variable"}, {L"Insert Objectname"},
-      {L"Explicit Argument"}, {L"Type"}, {L"Enum"}, {L"With"},
+      {L"Property", QuickBox<kKindProperty>}, {L"Insert Variable", PickVariableCommand}, {L"Insert Objectname"},
+      {L"Explicit Argument", ExplicitArgumentCommand}, {L"Type", EnumOrTypeCommand}, {L"Enum", EnumOrTypeCommand},
+      {L"With", PickVariableCommand},
       {L"If Then", IfBlock}, {L"If Then Else", IfBlock}, {L"If Then Else If", IfBlock},
       {L"If Then ElseIf Else", IfBlock},
-      {L"Select Case"}, {L"Select Case Else"}, {L"Select Case UCase"}, {L"Select From Enum"},
+      {L"Select Case", SelectCaseCommand}, {L"Select Case Else", SelectCaseCommand},
+      {L"Select Case UCase", SelectCaseCommand}, {L"Select From Enum", SelectFromEnumCommand},
       {L"IfDoLoopWhile", LoopBlock}, {L"IfDoLoopUntil", LoopBlock}, {L"ForEachNext", LoopBlock},
       {L"ForNext", LoopBlock}, {L"While", LoopBlock},
-      {L"On Error GoTo"}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
-      {L"Resume"}, {L"GoTo"}, {L"Exit", Exit}, {L"ErrorHandling"},
+      {L"On Error GoTo", PickLabelCommand}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
+      {L"Resume", PickLabelCommand}, {L"GoTo", PickLabelCommand}, {L"Exit", Exit}, {L"ErrorHandling"},
       {L"Filename", Filename}, {L"Folder", Folder},
-      {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print "},
+      {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print ", PickVariableCommand},
   };
   return table;
 }

@@ -1,5 +1,7 @@
 #include "generators/var_const_code.h"
 
+#include "generators/enum_type.h"
+
 #include "analysis/line_scan.h"
 #include "analysis/project_models.h"
 #include "analysis/records.h"
@@ -107,24 +109,7 @@ DeclView DeclViewOf(std::vector<std::wstring> lines, host::Selection selection, 
 }
 
 long BlockLineGet(const DeclView& v, bool isEnum, std::wstring& blockName) {
-  const std::wstring w = isEnum ? L"Enum" : L"Type";
-  host::Selection sel = v.code.selection;
-  long start = sel.startLine;
-  if (start > v.declarationLines) return 0;
-  for (long n = start; n >= 1; --n) {
-    std::wstring text = v.code.line(n);
-    if (n != start && LikeText(text, L"End " + w + L"*")) return 0;  // between two blocks
-    if (!LikeText(text, L"Public " + w + L"*") && !LikeText(text, L"Private " + w + L"*") && !LikeText(text, w + L"*"))
-      continue;
-    blockName = settings::KindNameGet(w, text);
-    for (long e = n; e <= v.declarationLines; ++e) {
-      if (!LikeText(v.code.line(e), L"End " + w + L"*")) continue;
-      if (sel.IsOneLine() && vba::Trim(v.code.line(start)).empty()) return start;
-      return e - 1;
-    }
-    return 0;
-  }
-  return 0;
+  return BlockLineGet(v.code, v.declarationLines, isEnum, blockName);
 }
 
 std::optional<kernel::CodeEdit> ProcVariableEdit(const DeclView& v, const std::wstring& text, bool indented) {

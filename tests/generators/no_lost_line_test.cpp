@@ -15,6 +15,8 @@
 #include "../support/fixtures.h"
 #include "generators/quillet.h"
 #include "generators/frm_input_box.h"
+#include "generators/enum_type.h"
+#include "generators/select_case.h"
 #include "generators/statements.h"
 #include "generators/var_const_code.h"
 #include "kernel/form_open.h"
@@ -53,6 +55,14 @@ class ModuleMaker {
     Lines lines;
     if (Chance(2)) lines.push_back(L"Option Explicit");
     for (int i = Pick(0, 3); i > 0; --i) lines.push_back(Declaration());
+    // Enum and Type blocks, with a blank line and a comment inside.
+    for (const wchar_t* word : {L"Enum", L"Type"}) {
+      if (!Chance(3)) continue;
+      lines.push_back(std::wstring(L"Private ") + word + L" B");
+      lines.push_back(L"    a  ' first");
+      if (Chance(2)) lines.push_back(L"");
+      lines.push_back(std::wstring(L"End ") + word);
+    }
     for (int p = Pick(0, 4); p > 0; --p) {
       for (int i = Pick(0, 2); i > 0; --i) lines.push_back(Chance(2) ? L"" : L"' about the next one");
       Procedure(lines);
@@ -217,6 +227,36 @@ std::vector<std::pair<std::string, std::function<kernel::CodeEdit(const kernel::
                  std::wstring block;
                  long line = generators::BlockLineGet(d, true, block);
                  return line > 0 ? generators::BlockLineEdit(d, line, L"X = 1") : kernel::CodeEdit{};
+               }});
+  for (const wchar_t* cmd : {L"GoTo", L"On Error GoTo", L"Resume"})
+    c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) {
+                   return generators::CodeInsertEdit(v, std::wstring(cmd) + L" ErrExit", cmd,
+                                                     {.allowInline = true, .spaceBefore = true});
+                 }});
+  c.push_back({"Debug.Print ", [](const kernel::CodeView& v) {
+                 return generators::CodeInsertEdit(v, L"Debug.Print ", L"Debug.Print ", {.allowInline = true, .spaceBefore = true});
+               }});
+  for (const wchar_t* cmd : {L"Select Case", L"Select Case Else", L"Select Case UCase"})
+    c.push_back({vba::ToUtf8(cmd), [=](const kernel::CodeView& v) {
+                   return generators::SelectCaseEdit(v, {.command = cmd, .testExpression = L"x", .values = {L"1", L"2"}});
+                 }});
+  for (bool isEnum : {true, false}) {
+    const std::string word = isEnum ? "Enum" : "Type";
+    auto block = [=](const kernel::CodeView& v) {
+      return generators::NewBlockEdit(v, std::min<long>(v.count, 3), true,
+                                      generators::TypeEnumText(L"B", isEnum, L"a\r\n\r\nb", L"", L"p", L"", v.tab));
+    };
+    c.push_back({word, block});
+    c.push_back({word + " Item", [=](const kernel::CodeView& v) {
+                   std::wstring name;
+                   long at = generators::BlockLineGet(v, v.count, isEnum, name);
+                   std::optional<kernel::CodeEdit> e = generators::ItemAddEdit(v, name, isEnum, L"item  'x", at);
+                   return e ? *e : block(v);
+                 }});
+  }
+  c.push_back({"Select From Enum", [](const kernel::CodeView& v) {
+                 return generators::SelectCaseEdit(v, {.command = L"Select From Enum", .testExpression = L"e",
+                                                       .members = {L"xlRed", L"xlBlue"}, .addCaseElse = true});
                }});
   return c;
 }

@@ -34,7 +34,7 @@ TEST_F(Commands, EveryHandlerOfTheBarNamesACommandOfTheDispatcher) {
   }
   std::wstring listing = shell::CommandsListing();
   EXPECT_NE(listing.find(L"  \"ForNext\"\n"), std::wstring::npos);
-  EXPECT_NE(listing.find(L"  \"Select Case\"  (a later version)\n"), std::wstring::npos);
+  EXPECT_NE(listing.find(L"  \"Insert Objectname\"  (a later version)\n"), std::wstring::npos);
   EXPECT_NE(listing.find(L"mnuhIfThenElse"), std::wstring::npos);
 }
 
@@ -46,9 +46,9 @@ TEST_F(Commands, AnUnknownCommandIsAnErrorAndALaterOneANote) {
       << vba::ToUtf8(immediate);
   EXPECT_EQ(immediate.find(L"not available"), std::wstring::npos);
 
-  Run(L"Select Case");
+  Run(L"Insert Objectname");
   immediate = vbe.ImmediateText();
-  EXPECT_NE(immediate.find(L"Quillet: the command \"Select Case\" is not available in this version."), std::wstring::npos);
+  EXPECT_NE(immediate.find(L"Quillet: the command \"Insert Objectname\" is not available in this version."), std::wstring::npos);
   EXPECT_EQ(Text(module), L"Sub A()\r\n\r\nEnd Sub");  // neither wrote anything
 }
 
