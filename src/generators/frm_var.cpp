@@ -1,5 +1,8 @@
 #include "generators/frm_var.h"
 
+#include "generators/variable_builder_hooks.h"
+#include "kernel/timer_form.h"
+
 #include "analysis/module_procs.h"
 #include "analysis/refresh.h"
 #include "analysis/scan_proc.h"
@@ -381,6 +384,69 @@ void VarBuilderOpen(kernel::Session& s) {
   initialize(s, L"", L"");
   auto form = std::make_unique<FrmVar>(s);
   form->Init(VarInit{});
+  kernel::FormOpenOptions o;
+  o.callInit = false;
+  kernel::FormOpen(s, std::move(form), o);
+}
+
+namespace {
+
+// A pick list's side of the Variable Builder: the new name and its category come back.
+class PickListParent : public DeclParent {
+ public:
+  bool IsPickList() const override { return true; }
+  void NewVariable(const std::wstring& n, long c) override {
+    name = n;
+    category = c;
+    answered = true;
+  }
+  std::wstring name;
+  long category = 0;
+  bool answered = false;
+};
+
+// The type a delayed Variable Builder is limited to.
+struct PendingVarType {
+  std::wstring type;
+};
+
+}  // namespace
+
+void VariableBuilderServe(kernel::Session& s) {
+  VariableBuilderHooksSet(
+      s, {.newVariable =
+              [](kernel::Session& s, ui::Form*, bool withMode, const std::wstring& onlyTypes, std::wstring& name,
+                 long& category) {
+                PickListParent parent;
+                FrmVar form(s);
+                form.SetParentForm(&parent);
+                form.Init({.types = onlyTypes, .onlyTypes = !onlyTypes.empty(), .withMode = withMode});
+                form.Show(true);
+                if (form.Loaded()) form.Unload();
+                if (!parent.answered) return false;
+                name = parent.name;
+                category = parent.category;
+                return true;
+              },
+          .openLater =
+              [](kernel::Session& s, const std::wstring& onlyType) {
+                if (!s.timerForm) return;
+                auto& pending = s.Slot<PendingVarType>();
+                pending = std::make_shared<PendingVarType>(PendingVarType{onlyType});
+                s.timerForm->openDelayed = [&s](const std::wstring& form, const std::wstring& text) {
+                  DelayedBuilderOpen(s, form, text);
+                };
+                s.timerForm->DelayedStart(L"frmVar", L"", 50);
+              }});
+}
+
+void DelayedBuilderOpen(kernel::Session& s, const std::wstring& formName, const std::wstring&) {
+  if (formName != L"frmVar") return;
+  auto& pending = s.Slot<PendingVarType>();
+  const std::wstring type = pending ? pending->type : std::wstring();
+  pending.reset();
+  auto form = std::make_unique<FrmVar>(s);
+  form->Init({.types = type, .onlyTypes = !type.empty()});
   kernel::FormOpenOptions o;
   o.callInit = false;
   kernel::FormOpen(s, std::move(form), o);

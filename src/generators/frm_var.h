@@ -85,4 +85,11 @@ class FrmVar : public DeclBuilder {
 // The Variable Builder from the bar.
 void VarBuilderOpen(kernel::Session& s);
 
+// Makes the Variable Builder the pick lists' service: "<New Variable>" opens it modally
+// and takes the name it wrote; a Select From Enum without a test expression opens it a
+// moment later, offering only the enum's type.
+void VariableBuilderServe(kernel::Session& s);
+// Opens a builder whose start was delayed (by the timer form): "frmVar" only.
+void DelayedBuilderOpen(kernel::Session& s, const std::wstring& form, const std::wstring& text);
+
 }  // namespace quillet::generators

@@ -6,6 +6,7 @@
 #include "analysis/project_models.h"
 #include "analysis/refresh.h"
 #include "analysis/scan_proc.h"
+#include "generators/frm_var.h"
 #include "generators/scope.h"
 #include "settings/settings.h"
 #include "shell/command_bar.h"
@@ -22,6 +23,7 @@ void AddInInitialize(kernel::Session& s) {
   settings::FoldersCreate(s);
   s.refreshModels = [&s](const vba::Variant& argument) { ProjectRefresh(s, argument); };
   DispatcherBodiesGive(s);
+  generators::VariableBuilderServe(s);
 }
 
 void ProjectInitialize(kernel::Session& s, bool reduced) {
