@@ -34,7 +34,7 @@ void PrintScriptHelp() {
       "  answers: {\"msgbox\": \"Yes\"} {\"inputbox\": \"2\"|null} {\"file\": path|null} {\"folder\": path|null}\n"
       "  forms: {\"form\": \"frmX\", one of \"set\" (applied in the order written), \"click\",\n"
       "         \"dblclick\", \"key\", \"caret\", \"node\", \"item\", \"tab\", \"dump\"}\n"
-      "  records: {\"dumpBar\": true}\n"
+      "  records: {\"dumpBar\": true}  {\"dump\": \"models\"} (what the scans know of the project)\n"
       "\n"
       "Bounds: a tab width (registry TabWidth) from 1 to %d; lines up to %lld, columns up to %lld;\n"
       "nesting up to %d levels.\n"
