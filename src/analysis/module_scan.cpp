@@ -161,7 +161,7 @@ Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponen
       ++line;
       continue;
     }
-    procs.Add(s, *module, line, onlyPublic);
+    procs.Add(s, *module, line, onlyPublic, /*definitionOnly=*/true);
     long next = module->ProcStartLine(name, kind) + module->ProcCountLines(name, kind);
     line = next > line ? next : line + 1;
   }
@@ -228,12 +228,7 @@ void clsScanProject::ModulePublicProcsGet(const host::Ptr<host::VBComponent>& co
       return;
     }
     Rv_ProcDefs procs = ModuleProcsRead(s_, component, true);
-    for (const auto& p : procs.Items()) {
-      // The project's list describes procedures by their definitions; their code stays in
-      // the module, where the one at the caret is read when it is needed.
-      std::wstring().swap(p->ProcCode);
-      AddKeepingFirst(models_.ProjectProcs, p, p->Name);
-    }
+    for (const auto& p : procs.Items()) AddKeepingFirst(models_.ProjectProcs, p, p->Name);
   });
 }
 

@@ -60,8 +60,9 @@ void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::
 void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
              colTypes& types, std::wstring_view module, bool isPrivate);
 
-// The procedures of a module read from one line of each; with `onlyPublic` the private
-// ones are passed over.
+// The procedures of a module read from one line of each, by their definitions (their code
+// stays in the module, where the one at the caret is read when it is needed); with
+// `onlyPublic` the private ones are passed over.
 Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponent>& component, bool onlyPublic);
 
 }  // namespace quillet::analysis

@@ -158,7 +158,7 @@ std::wstring ProcKindString(host::ProcKind kind) {
 }
 
 void Rv_ProcDef::init(kernel::Session& s, std::wstring_view project, host::CodeModule& module,
-                      std::wstring_view name, host::ProcKind kind) {
+                      std::wstring_view name, host::ProcKind kind, bool definitionOnly) {
   Project = project;
   ModuleName = module.Name();
   Name = name;
@@ -169,7 +169,20 @@ void Rv_ProcDef::init(kernel::Session& s, std::wstring_view project, host::CodeM
   ProcStartLine = module.ProcStartLine(name, kind);
   ProcCountLines = module.ProcCountLines(name, kind);
   ProcBodyLine = module.ProcBodyLine(name, kind);
-  ProcCode = module.Lines(ProcBodyLine, ProcCountLines - (ProcBodyLine - ProcStartLine));
+  const long bodyLines = ProcCountLines - (ProcBodyLine - ProcStartLine);
+  if (!definitionOnly) {
+    ProcCode = module.Lines(ProcBodyLine, bodyLines);
+  } else {
+    // Up to the first line that is not blank and not continued, as the definition reads.
+    ProcCode.clear();
+    for (long n = 0; n < bodyLines; ++n) {
+      std::wstring line = module.Lines(ProcBodyLine + n, 1);
+      if (n > 0) ProcCode += kCrLf;
+      ProcCode += line;
+      std::wstring t = vba::Trim(line);
+      if (!t.empty() && t.back() != L'_') break;
+    }
+  }
   DefinitionRead(s);
 }
 
@@ -265,7 +278,8 @@ void Rv_ProcDefs::init(std::wstring_view projectName, host::CodeModule& module) 
   ModuleTypeStr = ModuleType == 0 ? L"Standard module" : L"Class module";
 }
 
-void Rv_ProcDefs::Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic) {
+void Rv_ProcDefs::Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic,
+                      bool definitionOnly) {
   TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] {
     host::ProcKind kind = host::kProcKind;
     std::wstring name = module.ProcOfLine(vlngLineNo, kind);
@@ -273,7 +287,7 @@ void Rv_ProcDefs::Add(kernel::Session& s, host::CodeModule& module, long vlngLin
     std::wstring key = name + L"*" + std::to_wstring(static_cast<int>(kind));
     if (items_.Exists(key) || (vblnOnlyPublic && refused_.Exists(key))) return;
     auto procedure = std::make_shared<Rv_ProcDef>();
-    procedure->init(s, ProjectName, module, name, kind);
+    procedure->init(s, ProjectName, module, name, kind, definitionOnly);
     if (procedure->ProcIsPublic || !vblnOnlyPublic) items_.Add(std::move(procedure), key);
     else refused_.Add(true, key);
   });

@@ -83,9 +83,11 @@ class Rv_ProcDef {
   std::shared_ptr<Rv_ProcArguments> ProcArguments;
   std::wstring ProcCode;               // from the body line to the end of the procedure
 
-  // A procedure of a loaded module. Failures of the host calls reach the caller.
+  // A procedure of a loaded module. Failures of the host calls reach the caller. With
+  // `definitionOnly`, ProcCode holds the lines of the definition alone: what a list of the
+  // module's procedures needs, read without copying every body.
   void init(kernel::Session& s, std::wstring_view project, host::CodeModule& module, std::wstring_view name,
-            host::ProcKind kind);
+            host::ProcKind kind, bool definitionOnly = false);
   // A procedure stored as text (a file of the library folder).
   void Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName);
   // Reads the definition at the start of ProcCode and its arguments: the last step of both
@@ -113,7 +115,8 @@ class Rv_ProcDefs {
   void init(std::wstring_view projectName, host::CodeModule& module);
   // Adds the procedure that holds `vlngLineNo` unless it is known already; with
   // `vblnOnlyPublic` only a public one. Failures are reported as "Rv_ProcDefs.AddProc".
-  void Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic);
+  void Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic,
+           bool definitionOnly = false);
   // Adds under `key`, or without one when it is empty. A key in use keeps its entry.
   void AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key);
   long Count() const { return items_.Count(); }
