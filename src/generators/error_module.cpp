@@ -1,5 +1,6 @@
 #include "generators/error_module.h"
 
+#include "analysis/project_models.h"
 #include "generators/templates.h"
 #include "settings/file_objects.h"
 #include "settings/folders.h"
@@ -67,7 +68,18 @@ bool ErrorHandleModuleAdd(kernel::Session& s) {
 void ErrorHandlerEnsure(kernel::Session& s) {
   host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
   if (!project) return;
-  if (!ProjectHoldsProcedure(project, Item(s, settings::kErrorHandleProcedure))) ErrorHandleModuleAdd(s);
+  const std::wstring procedure = Item(s, settings::kErrorHandleProcedure);
+  // The models know the project's public procedures; the modules themselves are asked too,
+  // for a module the user wrote since the models were read.
+  std::shared_ptr<analysis::ProjectModels>& models = analysis::Models(s);
+  if (models && models->ProjectProcs.Find(procedure)) return;
+  if (ProjectHoldsProcedure(project, procedure) || !ErrorHandleModuleAdd(s) || !models) return;
+  auto entry = std::make_shared<analysis::Rv_ProcDef>();
+  entry->Name = procedure;
+  entry->ModuleName = Item(s, settings::kErrorHandleModule);
+  entry->Project = project->Name();
+  entry->ProcIsPublic = true;
+  models->ProjectProcs.Add(entry, procedure);
 }
 
 }  // namespace quillet::generators

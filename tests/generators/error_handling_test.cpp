@@ -4,6 +4,7 @@
 
 #include "../support/fixtures.h"
 #include "generators/error_handling.h"
+#include "generators/error_module.h"
 #include "generators/fragment_zones.h"
 #include "settings/items.h"
 
@@ -110,6 +111,35 @@ TEST_F(ErrorHandling, ConstantsAreDeclaredOnceAndOutsideAProcedureNothingHappens
 TEST_F(ErrorHandling, AMissingSchemeWritesNothing) {
   Code(L"Module1", {L"Sub Main()", L"    |", L"End Sub"});
   EXPECT_FALSE(generators::ErrorHandlingAdd(session, L"Nowhere"));
+  EXPECT_EQ(Marked(), (std::vector<std::wstring>{L"Sub Main()", L"    |", L"End Sub"}));
+}
+
+TEST_F(ErrorHandling, TheErrorModuleComesFromItsTemplateOnceAndNotWithoutOne) {
+  session.settings[settings::kErrorHandleFile] = std::wstring(L"\\vbcode\\ErrorHandlers\\basErrorHandle.bas");
+  Code(L"Module1", {L"Sub Main()", L"    |", L"End Sub"});
+  auto components = project->VBComponents();
+  const long before = components->Count();
+  // No template: nothing is made and nothing is said.
+  EXPECT_FALSE(generators::ErrorHandleModuleAdd(session));
+  generators::ErrorHandlerEnsure(session);
+  EXPECT_EQ(components->Count(), before);
+  EXPECT_TRUE(uiHost.Log().empty());
+
+  platform.SetRegistryValue(L"Software\\Microsoft\\VBA\\6.0\\Common", L"TabWidth", L"2");
+  std::filesystem::create_directories(temp.root / "c" / "Temp");
+  Write("vbcode/ErrorHandlers/basErrorHandle.bas",
+        "Attribute VB_Name = \"{MODULENAME}\"\r\nOption Explicit\r\n' {PROJECTNAME}\r\n"
+        "Public Sub {PROCEDURENAME}()\r\n    Beep\r\nEnd Sub\r\n");
+  generators::ErrorHandlerEnsure(session);
+  ASSERT_EQ(components->Count(), before + 1);
+  host::Ptr<host::CodeModule> made = components->Item(L"basErrorHandle")->CodeModule();
+  EXPECT_EQ(made->Lines(1, made->CountOfLines()),
+            L"Option Explicit\r\n' VBAProject\r\nPublic Sub ErrorHandle()\r\n  Beep\r\nEnd Sub");
+  EXPECT_FALSE(platform.Files().FileExists(platform.TempFolder() + L"basErrorHandle.bas"));
+  // The project holds the procedure now: it keeps its own.
+  generators::ErrorHandlerEnsure(session);
+  EXPECT_EQ(components->Count(), before + 1);
+  // The user's module is still the one being edited.
   EXPECT_EQ(Marked(), (std::vector<std::wstring>{L"Sub Main()", L"    |", L"End Sub"}));
 }
 
