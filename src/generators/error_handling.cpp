@@ -35,7 +35,7 @@ long LineCount(const std::wstring& text) {
 
 // Puts a zone's lines before `line`; the caret keeps its place in the user's code.
 void ZonePlace(kernel::Session& s, host::CodePane& pane, long line, const std::wstring& zone) {
-  if (line <= 0) return;
+  if (line <= 0 || zone.empty()) return;
   kernel::CodeEdit edit;
   edit.line = line;
   edit.text = zone;

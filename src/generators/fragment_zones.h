@@ -4,7 +4,7 @@
 // line, and what stands between the two marks (the middle) goes where the caret is.
 //
 //   FragmentZones z = FragmentZonesSplit(L"    On Error GoTo X\r\n<end_of_top>\r\n<begin_of_bottom>\r\nX:");
-//   // z.top == L"    On Error GoTo X", z.middle == L"", z.bottom == L"X:"
+//   // z.top == L"    On Error GoTo X", z.middle == L"", z.bottom == L"\r\nX:"
 #include <string>
 
 namespace quillet::generators {
@@ -18,7 +18,8 @@ struct FragmentZones {
 };
 
 // Splits a fragment at its marks (case-insensitive). Without the marks the whole text is
-// the middle. The line ends that belong to the marks' own lines go with them.
+// the middle. Each zone loses the line ends at its end; the bottom keeps the one that ends
+// the mark's line, so the bottom part stands one blank line below the code above it.
 FragmentZones FragmentZonesSplit(const std::wstring& text);
 
 }  // namespace quillet::generators

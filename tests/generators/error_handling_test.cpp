@@ -20,7 +20,7 @@ TEST(FragmentZones, MarksSplitTopMiddleAndBottomWithTheirOwnLineEnds) {
   EXPECT_TRUE(z.hasBottom);
   EXPECT_EQ(z.top, L"    On Error GoTo E");
   EXPECT_EQ(z.middle, L"    x = 1");
-  EXPECT_EQ(z.bottom, L"X:\r\n    Exit Sub");
+  EXPECT_EQ(z.bottom, L"\r\nX:\r\n    Exit Sub");
   // Without marks everything is the middle, placed as it stands.
   z = generators::FragmentZonesSplit(L"Beep\r\n");
   EXPECT_FALSE(z.hasTop || z.hasBottom);
@@ -28,7 +28,7 @@ TEST(FragmentZones, MarksSplitTopMiddleAndBottomWithTheirOwnLineEnds) {
   // A bottom mark alone leaves no top.
   z = generators::FragmentZonesSplit(L"<begin_of_bottom>\r\nX:");
   EXPECT_FALSE(z.hasTop);
-  EXPECT_EQ(z.bottom, L"X:");
+  EXPECT_EQ(z.bottom, L"\r\nX:");
 }
 
 TEST(NameConstants, NamesInLiteralsBecomeConstantsOnlyWhenAsked) {
@@ -83,7 +83,7 @@ TEST_F(ErrorHandling, TheBlockWrapsTheBodyOnceAndAFragmentNameMayCarryItsExtensi
   EXPECT_TRUE(generators::ErrorHandlingAdd(session, L"Plain.BAS"));
   const std::vector<std::wstring> once = Marked();
   EXPECT_EQ(once, (std::vector<std::wstring>{L"Function Total() As Long", L"    Dim x As Long",
-                                             L"    On Error GoTo HandleError", L"    x = 1|", L"    Total = x",
+                                             L"    On Error GoTo HandleError", L"    x = 1|", L"    Total = x", L"",
                                              L"HandleExit:", L"    Exit Function", L"", L"HandleError:",
                                              L"    Err.Raise Err.Number, \"Module1.Total\"", L"End Function"}));
   // The second time the label is found and nothing changes.
@@ -98,7 +98,7 @@ TEST_F(ErrorHandling, ConstantsAreDeclaredOnceAndOutsideAProcedureNothingHappens
   EXPECT_TRUE(generators::ErrorHandlingAdd(session));
   EXPECT_EQ(Marked(), (std::vector<std::wstring>{L"Option Explicit", L"Private Const cstrModule As String = \"Module1\"",
                                                  L"", L"Sub Main()", L"    Const cstrProcedure = \"Main\"",
-                                                 L"    On Error GoTo HandleError", L"    |", L"HandleExit:",
+                                                 L"    On Error GoTo HandleError", L"    |", L"", L"HandleExit:",
                                                  L"    Exit Sub", L"", L"HandleError:",
                                                  L"    Err.Raise Err.Number, cstrModule & \".\" & cstrProcedure",
                                                  L"End Sub"}));
