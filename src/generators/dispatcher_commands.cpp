@@ -3,6 +3,7 @@
 #include <map>
 
 #include "analysis/scan_proc.h"
+#include "generators/error_handling.h"
 #include "generators/frm_input_box.h"
 #include "generators/var_const_code.h"
 #include "generators/explicit_argument.h"
@@ -25,6 +26,9 @@ void Exit(kernel::Session& s, const std::wstring&, std::wstring&) {
   if (scan && !scan->ProcTypeStr.empty())
     CodeInsert(s, L"Exit " + scan->ProcTypeStr, L"Exit", {.allowInline = true, .spaceBefore = true});
 }
+// The error-handling block named by the argument (the dropdown's chosen scheme), the
+// default one when the argument is empty.
+void ErrorHandling(kernel::Session& s, const std::wstring&, std::wstring& scheme) { ErrorHandlingAdd(s, scheme); }
 void Filename(kernel::Session& s, const std::wstring&, std::wstring&) { FilenameAdd(s); }
 void Folder(kernel::Session& s, const std::wstring&, std::wstring&) { FoldernameAdd(s); }
 // The quick box of a declaration, the argument naming the data type.
@@ -48,7 +52,7 @@ const std::vector<DispatcherCommand>& DispatcherCommands() {
       {L"IfDoLoopWhile", LoopBlock}, {L"IfDoLoopUntil", LoopBlock}, {L"ForEachNext", LoopBlock},
       {L"ForNext", LoopBlock}, {L"While", LoopBlock},
       {L"On Error GoTo", PickLabelCommand}, {L"On Error Resume Next", OneLineStatement}, {L"On Error GoTo 0", OneLineStatement},
-      {L"Resume", PickLabelCommand}, {L"GoTo", PickLabelCommand}, {L"Exit", Exit}, {L"ErrorHandling"},
+      {L"Resume", PickLabelCommand}, {L"GoTo", PickLabelCommand}, {L"Exit", Exit}, {L"ErrorHandling", ErrorHandling},
       {L"Filename", Filename}, {L"Folder", Folder},
       {L"Comment Lines Add"}, {L"Comment Lines Remove"}, {L"Debug.Print ", PickVariableCommand},
   };

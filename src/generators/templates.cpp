@@ -1,6 +1,7 @@
 #include "generators/templates.h"
 
 #include "analysis/line_scan.h"
+#include "generators/error_module.h"
 #include "settings/file_objects.h"
 #include "settings/folders.h"
 #include "settings/items.h"
@@ -81,8 +82,11 @@ bool Substitute(kernel::Session& s, std::wstring& text, std::wstring& moduleName
     text = vba::Replace(text, L"    ", kernel::TabSpacesGet(s));
     ReplaceToken(text, L"{HANDLEEXITLABEL}", Item(s, settings::kExitHandler));
     ReplaceToken(text, L"{HANDLEERRORLABEL}", Item(s, settings::kErrorHandler));
-    if (Has(text, L"{ERRORHANDLEPROCEDURE}"))
+    if (Has(text, L"{ERRORHANDLEPROCEDURE}")) {
+      // A block that calls the central reporting procedure needs the module that holds it.
+      ErrorHandlerEnsure(s);
       ReplaceToken(text, L"{ERRORHANDLEPROCEDURE}", Item(s, settings::kErrorHandleProcedure));
+    }
     if (Has(text, L"{MODULENAME}")) {
       if (moduleName.empty() && s.vbe)
         if (host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane()) moduleName = pane->CodeModule()->Parent()->Name();

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <cstdlib>
 #include <random>
 
@@ -20,6 +21,7 @@
 #include "generators/statements.h"
 #include "generators/var_const_code.h"
 #include "kernel/form_open.h"
+#include "settings/items.h"
 #include "kernel/code_edit.h"
 #include "vba/encoding.h"
 #include "vba/strings.h"
@@ -344,6 +346,53 @@ TEST(NoLostLine, TheDispatcherKeepsEveryUserLineInTheEditor) {
     }
     fx.session.showMode = 1;
   }
+}
+
+// Error handling puts its block in several places and may declare two constants: every
+// line of the user's stays, in order, whichever shipped scheme is chosen.
+TEST(NoLostLine, ErrorHandlingKeepsEveryUserLineInTheEditor) {
+  Settings settings = FromEnvironment();
+  std::mt19937 rng(settings.seed + 2);
+  ModuleMaker maker(rng);
+  test::SessionFixture fx;
+  const std::filesystem::path shipped = std::filesystem::path(QUILLET_SOURCE_DIR) / "data" / "vbcode";
+  const std::filesystem::path home = fx.temp.root / "c" / "Program Files" / "Quillet" / "vbcode";
+  std::filesystem::create_directories(home);
+  std::filesystem::copy(shipped, home, std::filesystem::copy_options::recursive);
+  std::vector<std::wstring> schemes;
+  for (const auto& e : std::filesystem::directory_iterator(shipped / "Fragments" / "ErrorHandlers"))
+    schemes.push_back(e.path().stem().wstring());
+  ASSERT_FALSE(schemes.empty());
+  const std::pair<int, const wchar_t*> values[] = {
+      {settings::kBaseFolder, L"\\vbcode\\"}, {settings::kErrorHandler, L"HandleError"},
+      {settings::kExitHandler, L"HandleExit"}, {settings::kErrorHandleProcedure, L"ErrorHandle"},
+      {settings::kErrorHandleModule, L"basErrorHandle"}, {settings::kModuleNameConstant, L"cstrModule"},
+      {settings::kProcedureNameConstant, L"cstrProcedure"}};
+  for (const auto& [item, value] : values) fx.session.settings[item] = std::wstring(value);
+  auto component = fx.Module(L"Module1", {});
+  auto module = component->Module();
+  long cases = std::max(1L, settings.cases / 10);
+  long failures = 0, placed = 0;
+  for (long n = 0; n < cases && failures < 5; ++n) {
+    Lines lines = maker.Make();
+    host::Selection place = RandomPlace(maker, lines);
+    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
+    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
+    fx.Pane().SetSelection(place);
+    fx.session.settings[settings::kMakeModuleConstantTrue] = n % 2 == 0;
+    fx.session.settings[settings::kMakeProcedureConstantTrue] = n % 3 != 0;
+    std::wstring scheme = schemes[static_cast<std::size_t>(n) % schemes.size()];
+    generators::QuilletHandle(fx.session, L"ErrorHandling", scheme);
+    Lines after;
+    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
+    if (after.size() > lines.size()) ++placed;
+    std::string lost = LostLineOfMany(lines, after);
+    if (lost.empty()) continue;
+    ++failures;
+    ADD_FAILURE() << "ErrorHandling " << vba::ToUtf8(scheme) << ": " << lost << " (seed " << settings.seed
+                  << ", case " << n << ")\n" << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+  }
+  EXPECT_GT(placed, 0) << "no case reached a procedure";
 }
 
 }  // namespace
