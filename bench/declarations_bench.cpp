@@ -7,14 +7,10 @@
 
 #include "analysis/project_models.h"
 #include "bench.h"
+#include "bench_session.h"
 #include "generators/frm_var.h"
 #include "generators/scope.h"
-#include "hostmodel/clock.h"
-#include "hostmodel/memory_platform.h"
 #include "hostmodel/memory_vbe.h"
-#include "kernel/session.h"
-#include "support/test_ui_host.h"
-#include "ui/ui_context.h"
 #include "vba/encoding.h"
 #include "vba/strings.h"
 
@@ -34,13 +30,7 @@ std::vector<std::wstring> Lines(int n, const std::wstring& tag) {
   return lines;
 }
 
-struct Project {
-  host::MemoryPlatform platform{nullptr};
-  host::MemoryVBE vbe{platform};
-  ui::TestUiHost uiHost;
-  host::Clock clock;
-  ui::UiContext ui{uiHost, clock};
-  kernel::Session session{platform, ui};
+struct Project : BenchSession {
   std::shared_ptr<host::MemoryComponent> large;
   long caretLine = 0;
   Project() {
@@ -55,7 +45,6 @@ struct Project {
     big.resize(kLargeModuleLines, L"' end");
     large = project->AddComponent(L"Large", host::kStdModule, big);
     vbe.ActivateComponent(large);
-    session.vbe = &vbe;
     // The caret in the body of a procedure halfway down.
     for (long n = kLargeModuleLines / 2; n < kLargeModuleLines; ++n)
       if (big[static_cast<std::size_t>(n - 1)].find(L"mCount = mCount") != std::wstring::npos) {

@@ -103,12 +103,7 @@ bool FrmConst::PressOK(bool paste) {
   constant->init(code.namePart);
   constant->ModuleName = module;
   if (enumMember) constant->EnumName = blockName;
-  bool standard = false;
-  if (host::Ptr<host::VBProject> project = s_.vbe->ActiveVBProject()) {
-    host::Ptr<host::VBComponents> components = project->VBComponents();
-    for (long i = 1; i <= components->Count(); ++i)
-      if (components->Item(i)->Name() == module) standard = components->Item(i)->Type() == host::kStdModule;
-  }
+  const bool standard = ModuleIsStandard(module);
   auto& models = analysis::Models(s_);
   if (moduleLevel && Accessibility() == 1 && standard && models) {
     if (!models->ProjectConsts.Exists(name)) models->ProjectConsts.Add(constant, name);

@@ -63,6 +63,15 @@ void DeclBuilder::ModulesListFill() {
   }
 }
 
+bool DeclBuilder::ModuleIsStandard(const std::wstring& module) const {
+  host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
+  if (!project) return false;
+  host::Ptr<host::VBComponents> components = project->VBComponents();
+  for (long i = 1; i <= components->Count(); ++i)
+    if (components->Item(i)->Name() == module) return components->Item(i)->Type() == host::kStdModule;
+  return false;
+}
+
 bool DeclBuilder::ModuleIsActive() const {
   host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
   return pane && vba::StrComp(vba::Trim(cboModule.Text()), pane->CodeModule()->Parent()->Name(), vba::Compare::Text) == 0;

@@ -69,6 +69,8 @@ class DeclBuilder : public kernel::BuilderForm {
   void ModulesListFill();
   // The module chosen in cboModule is the one at the caret.
   bool ModuleIsActive() const;
+  // The module of that name in the active project is a standard module.
+  bool ModuleIsStandard(const std::wstring& module) const;
   // The name checks of a new variable or constant; false keeps the dialog open (the focus
   // back in txtName) or, after Cancel, closes it.
   bool NameAccepted(const std::wstring& name, int kind);

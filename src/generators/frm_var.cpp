@@ -300,12 +300,7 @@ bool FrmVar::PressOK(bool paste) {
       auto variable = std::make_shared<analysis::clsVariable>();
       variable->init(code.namePart);
       variable->ModuleName = module;
-      bool standard = false;
-      if (host::Ptr<host::VBProject> project = s_.vbe->ActiveVBProject()) {
-        host::Ptr<host::VBComponents> components = project->VBComponents();
-        for (long i = 1; i <= components->Count(); ++i)
-          if (components->Item(i)->Name() == module) standard = components->Item(i)->Type() == host::kStdModule;
-      }
+      const bool standard = ModuleIsStandard(module);
       auto& models = analysis::Models(s_);
       if (level == kModuleLevel && Accessibility() == 1 && standard && models) {
         if (!models->ProjectVars.Exists(name)) models->ProjectVars.Add(variable, name);
