@@ -118,8 +118,8 @@ void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_vie
   }
 }
 
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlSpec& spec) {
-  const auto& [captionId, controlType, beginGroup, faceId, parent, tooltip, forceCaption, copyFaceId] = spec;
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlDescription& described) {
+  const auto& [captionId, controlType, beginGroup, faceId, parent, tooltip, forceCaption, copyFaceId] = described;
   kernel::DoEvents(s);
   const std::wstring& caption = kernel::ResString(captionId);
   host::CommandBarControls& container = parent ? *parent->Controls() : bar.Controls();

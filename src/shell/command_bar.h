@@ -23,7 +23,7 @@ host::Ptr<host::CommandBar> ToolBarCreate(kernel::Session& s, host::CommandBars&
 void ToolBarDelete(kernel::Session& s, host::CommandBars& bars, std::wstring_view suffix);
 // Adds one control to the bar or to `parent`: caption from the string table, picture,
 // style, tag as a path through the menu, tooltip.
-struct ControlSpec {
+struct ControlDescription {
   int captionId = 0;
   int controlType = host::kControlButton;
   bool beginGroup = false;
@@ -33,7 +33,7 @@ struct ControlSpec {
   bool forceCaption = false;                    // caption beside the picture
   long copyFaceId = 0;
 };
-host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlSpec& spec);
+host::Ptr<host::CommandBarControl> ToolBarControlAdd(kernel::Session& s, host::CommandBar& bar, const ControlDescription& described);
 // In testing mode, under Access: Access's own toolbar with the Add Control button.
 bool AccessToolBarCreate(kernel::Session& s);
 // Fills the error-handler dropdown with the error handlers, the default one chosen.
