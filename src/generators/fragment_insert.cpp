@@ -33,16 +33,20 @@ std::wstring LineEndsTrimmed(std::wstring text) {
   }
 }
 
-// The merged lines of a procedure: its own lines are copied on by number, fragment parts
-// are added whole; an empty part adds no line.
+// The merged lines of a procedure: its own lines are copied on by number; each fragment
+// part comes in trimmed of its line ends, and an empty part still gives one empty line.
 struct Merge {
   const std::vector<std::wstring>& lines;
   std::vector<std::wstring> out;
   long copied = 0;  // lines of the procedure copied so far
 
   void Part(const std::wstring& part) {
-    if (part.empty()) return;
-    for (std::wstring& l : vba::Split(part, L"\r\n")) out.push_back(std::move(l));
+    const std::wstring trimmed = analysis::StringTrimChars(part, L"\r\n", analysis::kTrimBoth);
+    if (trimmed.empty()) {
+      out.emplace_back();
+      return;
+    }
+    for (std::wstring& l : vba::Split(trimmed, L"\r\n")) out.push_back(std::move(l));
   }
   // Copies the procedure's lines up to line `last` (1-based), those not copied yet.
   void CopyTo(long last) {
@@ -70,36 +74,37 @@ void FragmentToTextOfProcedureAdd(kernel::Session& s, std::wstring& fragment, st
     analysis::ProcDeclAreaOf(lines, 1, true, declStart, declEnd, defLineCount);
     const long head = std::max(declEnd, defLineCount);
     // The exit walk reads the text as it stands without its outer line ends.
-    const std::vector<std::wstring> trimmed = vba::Split(LineEndsTrimmed(procedureText), L"\r\n");
-    const long exitLine = analysis::ProcExitLineOf(trimmed, 1, procedureType, true);
+    const std::vector<std::wstring> trimmed =
+        vba::Split(analysis::StringTrimChars(procedureText, L"\r\n", analysis::kTrimBoth), L"\r\n");
+
+    // The exit walk gives the 0-based index of the Exit statement (the line count without
+    // one); the bottom goes above the line before it, in a handler the exit label.
+    const long exitIndex = analysis::ProcExitLineOf(trimmed, 0, procedureType, true);
 
     Merge m{lines, {}, 0};
     m.CopyTo(head);
-    std::wstring rest = fragment, before, after;
-    if (FragmentSplitAt(rest, kEndOfTop, before, after)) {
-      m.Part(before);
-      rest = after;
-    }
-    const long label = ExitLabelLine(lines, s.settings[settings::kExitHandler].ToString());
+    // The head part joins the caret's part: both go under the declarations.
+    std::wstring rest = vba::Replace(fragment, std::wstring(kEndOfTop) + L"\r\n", L"", 1, -1, vba::Compare::Text);
+    rest = vba::Replace(rest, kEndOfTop, L"", 1, -1, vba::Compare::Text);
+    std::wstring before, after;
     if (Has(rest, kBeforeHandleExitLabel)) {
-      if (label > 0) {
+      if (const long label = ExitLabelLine(lines, s.settings[settings::kExitHandler].ToString()); label > 0) {
         FragmentSplitAt(rest, kBeforeHandleExitLabel, before, after);
         m.Part(before);
-        m.CopyTo(label);
+        m.CopyTo(label - 1);
         rest = after;
       } else {
-        // Without the label the clean-up goes above the exit instead.
+        // Without the label the mark stands where the bottom would.
         rest = vba::Replace(rest, kBeginOfBottom, L"", 1, -1, vba::Compare::Text);
-        FragmentSplitAt(rest, kBeforeHandleExitLabel, before, after);
-        rest = before + L"\r\n" + std::wstring(kBeginOfBottom) + L"\r\n" + after;
+        rest = vba::Replace(rest, kBeforeHandleExitLabel, kBeginOfBottom, 1, -1, vba::Compare::Text);
       }
     }
     if (FragmentSplitAt(rest, kBeginOfBottom, before, after)) {
       m.Part(before);
-      m.CopyTo(exitLine - 1);
-      m.Part(LineEndsTrimmed(after));
+      m.CopyTo(exitIndex - 1);
+      m.Part(after);
     } else {
-      m.Part(LineEndsTrimmed(rest));
+      m.Part(rest);
     }
     m.CopyTo(static_cast<long>(lines.size()));
     procedureText = vba::Join(m.out, L"\r\n");

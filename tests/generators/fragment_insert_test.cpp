@@ -73,11 +73,13 @@ TEST_F(Fragments, TextMergePlacesTopMiddleAndBottomAroundTheProcedure) {
   generators::FragmentToTextOfProcedureAdd(session, frag, proc, L"Sub");
   EXPECT_EQ(proc, Lines({L"Sub A()", L"    Dim x As Long", L"    Dim t As Single", L"    t = Timer", L"    x = 1",
                          L"    Debug.Print Timer - t", L"End Sub"}));
-  // The bottom goes above the Exit statement, not the End line.
-  proc = Lines({L"Function F() As Long", L"    F = 1", L"    Exit Function", L"End Function"});
+  // With an Exit statement the bottom goes above the line before it (in a handler the exit
+  // label), and an empty part still gives its empty line.
+  proc = Lines({L"Function F() As Long", L"    F = 1", L"X:", L"    Exit Function", L"End Function"});
   frag = Lines({L"<begin_of_bottom>", L"    Beep"});
   generators::FragmentToTextOfProcedureAdd(session, frag, proc, L"Function");
-  EXPECT_EQ(proc, Lines({L"Function F() As Long", L"    F = 1", L"    Beep", L"    Exit Function", L"End Function"}));
+  EXPECT_EQ(proc, Lines({L"Function F() As Long", L"", L"    F = 1", L"    Beep", L"X:", L"    Exit Function",
+                         L"End Function"}));
   // Without marks the fragment follows the declarations; empty texts change nothing.
   proc = Lines({L"Sub A()", L"End Sub"});
   frag = L"    Beep\r\n";
@@ -93,17 +95,25 @@ TEST_F(Fragments, TextMergeSplitsCleanUpAtTheExitLabelOrFallsBackToTheExit) {
   const std::wstring handled = Lines({L"Sub A(o As Object)", L"    On Error GoTo HandleError", L"    o.Run",
                                       L"HandleExit:", L"    Exit Sub", L"HandleError:", L"    Resume HandleExit",
                                       L"End Sub"});
-  std::wstring frag = Lines({L"    o.Start", L"<BeforeHandleExitLabel>", L"    Set o = Nothing"});
+  // The return line of a new function: an empty line under the declarations, the line
+  // itself above the label.
+  std::wstring frag = Lines({L"<BeforeHandleExitLabel>", L"    Set o = Nothing", L""});
   std::wstring proc = handled;
   generators::FragmentToTextOfProcedureAdd(session, frag, proc, L"Sub");
-  EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    On Error GoTo HandleError", L"    o.Start", L"    o.Run",
-                         L"HandleExit:", L"    Set o = Nothing", L"    Exit Sub", L"HandleError:",
+  EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    On Error GoTo HandleError", L"", L"    o.Run",
+                         L"    Set o = Nothing", L"HandleExit:", L"    Exit Sub", L"HandleError:",
                          L"    Resume HandleExit", L"End Sub"}));
+  // The hourglass after it: on under the declarations, off above the exit label.
+  frag = Lines({L"    Screen.MousePointer = 11", L"<end_of_top>", L"<begin_of_bottom>", L"    Screen.MousePointer = 0"});
+  generators::FragmentToTextOfProcedureAdd(session, frag, proc, L"Sub");
+  EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    On Error GoTo HandleError", L"    Screen.MousePointer = 11",
+                         L"", L"    o.Run", L"    Set o = Nothing", L"    Screen.MousePointer = 0", L"HandleExit:",
+                         L"    Exit Sub", L"HandleError:", L"    Resume HandleExit", L"End Sub"}));
   // Without the label the clean-up goes above the exit.
   proc = Lines({L"Sub A(o As Object)", L"    o.Run", L"End Sub"});
-  frag = Lines({L"<BeforeHandleExitLabel>", L"    Set o = Nothing", L"<begin_of_bottom>"});
+  frag = Lines({L"    o.Start", L"<BeforeHandleExitLabel>", L"    Set o = Nothing", L"<begin_of_bottom>"});
   generators::FragmentToTextOfProcedureAdd(session, frag, proc, L"Sub");
-  EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    o.Run", L"    Set o = Nothing", L"End Sub"}));
+  EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    o.Start", L"    o.Run", L"    Set o = Nothing", L"End Sub"}));
 }
 
 TEST_F(Fragments, InsertionWritesThreePlacesAndDeclaresOnce) {
