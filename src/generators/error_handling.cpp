@@ -3,6 +3,7 @@
 #include "analysis/live_code.h"
 #include "analysis/scan_proc.h"
 #include "generators/error_module.h"
+#include "generators/fragment_insert.h"
 #include "generators/fragment_zones.h"
 #include "generators/templates.h"
 #include "generators/var_const_code.h"
@@ -110,11 +111,7 @@ bool ErrorHandlingAdd(kernel::Session& s, const std::wstring& fragment) {
     }
     NormalizeErrorHandlerCode(s, code, moduleName, procedureName, procedureType, moduleFlag, procedureFlag);
 
-    const FragmentZones zones = FragmentZonesSplit(code);
-    scan = ProcScanRefresh(s);
-    if (zones.hasTop) FragmentZonePlace(s, *pane, scan->ProcDeclAreaEndLine + 1, zones.top);
-    scan = ProcScanRefresh(s);
-    if (zones.hasBottom) FragmentZonePlace(s, *pane, scan->ProcExitLine, zones.bottom);
+    FragmentToProcedureAdd(s, code, ProcScanRefresh(s));
     added = true;
   });
   return added;

@@ -21,18 +21,6 @@ constexpr std::wstring_view kBeforeHandleExitLabel = L"<BeforeHandleExitLabel>";
 
 bool Has(std::wstring_view text, std::wstring_view mark) { return vba::InStr(text, mark, vba::Compare::Text) > 0; }
 
-// A part without the line ends at its end, nor the blank lines there: indenting a text
-// that ends in a line end leaves a last line of blanks.
-std::wstring LineEndsTrimmed(std::wstring text) {
-  for (;;) {
-    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n')) text.pop_back();
-    const std::size_t lineStart = text.find_last_of(L'\n');
-    if (lineStart == std::wstring::npos) return text;
-    if (text.find_first_not_of(L" \t", lineStart + 1) != std::wstring::npos) return text;
-    text.erase(lineStart + 1);
-  }
-}
-
 // The merged lines of a procedure: its own lines are copied on by number; each fragment
 // part comes in trimmed of its line ends, and an empty part still gives one empty line.
 struct Merge {
@@ -112,7 +100,7 @@ void FragmentToTextOfProcedureAdd(kernel::Session& s, std::wstring& fragment, st
 }
 
 std::optional<kernel::CodeEdit> FragmentCaretEdit(const kernel::CodeView& view, std::wstring text) {
-  text = LineEndsTrimmed(std::move(text));
+  text = TrailingLineEndsRemoved(std::move(text));
   const long line = view.Place().startLine;
   kernel::CodeEdit edit;
   edit.text = text;
@@ -134,17 +122,14 @@ void FragmentToProcedureAdd(kernel::Session& s, std::wstring& text, std::shared_
     if (!scanner || !pane) return;
     FragmentUseDefaults(s, text);
     scanner = ProcScanRefresh(s);
-    std::wstring before, after;
-    if (FragmentSplitAt(text, kEndOfTop, before, after)) {
-      FragmentZonePlace(s, *pane, scanner->ProcDeclAreaEndLine + 1, before);
-      text = after;
+    const FragmentZones zones = FragmentZonesSplit(text);
+    if (zones.hasTop) {
+      FragmentZonePlace(s, *pane, scanner->ProcDeclAreaEndLine + 1, zones.top);
       scanner = ProcScanRefresh(s);
     }
-    if (FragmentSplitAt(text, kBeginOfBottom, before, after)) {
-      FragmentZonePlace(s, *pane, scanner->ProcExitLine, LineEndsTrimmed(after));
-      text = before;
-    }
-    text = LineEndsTrimmed(text);
+    if (zones.hasBottom) FragmentZonePlace(s, *pane, scanner->ProcExitLine, zones.bottom);
+    text = zones.middle;
+    text = TrailingLineEndsRemoved(text);
     if (!text.empty()) {
       if (std::optional<kernel::CodeEdit> edit = FragmentCaretEdit(kernel::ViewOf(*pane, kernel::TabSpacesGet(s)), text))
         kernel::ApplyEdit(s.platform, *pane, *edit);
@@ -160,7 +145,7 @@ bool FragmentInsert(kernel::Session& s, std::wstring text) {
   kernel::Trap(s, L"frmFragments.cmdOk_Click", [&] {
     kernel::CodeView view = kernel::ViewOf(*pane, kernel::TabSpacesGet(s));
     const long line = view.Place().startLine;
-    const bool oneLine = LineEndsTrimmed(text).find(L'\n') == std::wstring::npos;
+    const bool oneLine = TrailingLineEndsRemoved(text).find(L'\n') == std::wstring::npos;
     if (!(oneLine && !view.Blank(line))) IndentAddToFragment(s, text, -1);
     std::shared_ptr<analysis::clsScanProc> scan = ProcScanRefresh(s);
     if (!scan->ProcName.empty() && scan->ProcRealStartLine > 0) {
@@ -169,7 +154,7 @@ bool FragmentInsert(kernel::Session& s, std::wstring text) {
     }
     kernel::CodeEdit edit;
     edit.line = line;
-    edit.text = LineEndsTrimmed(text);
+    edit.text = TrailingLineEndsRemoved(text);
     if (view.Blank(line)) edit.mode = kernel::CodeEdit::kReplaceLine;
     kernel::ApplyEdit(s.platform, *pane, edit);
     long from = 1;

@@ -9,12 +9,6 @@ namespace {
 constexpr std::wstring_view kEndOfTop = L"<end_of_top>";
 constexpr std::wstring_view kBeginOfBottom = L"<begin_of_bottom>";
 
-// A zone without the line ends at its end.
-std::wstring TrailingLineEndsRemoved(std::wstring zone) {
-  while (!zone.empty() && (zone.back() == L'\r' || zone.back() == L'\n')) zone.pop_back();
-  return zone;
-}
-
 long LineCount(const std::wstring& text) {
   long n = 1;
   for (std::size_t at = text.find(L"\r\n"); at != std::wstring::npos; at = text.find(L"\r\n", at + 2)) ++n;
@@ -22,6 +16,17 @@ long LineCount(const std::wstring& text) {
 }
 
 }  // namespace
+
+// A zone without the line ends at its end, nor a last line of blanks there: indenting a
+// fragment that ends in a line end, or whose mark is indented, leaves one.
+std::wstring TrailingLineEndsRemoved(std::wstring zone) {
+  for (;;) {
+    while (!zone.empty() && (zone.back() == L'\r' || zone.back() == L'\n')) zone.pop_back();
+    const std::size_t lineEnd = zone.find_last_of(L'\n');
+    if (lineEnd == std::wstring::npos || zone.find_first_not_of(L" \t", lineEnd + 1) != std::wstring::npos) return zone;
+    zone.erase(lineEnd + 1);
+  }
+}
 
 FragmentZones FragmentZonesSplit(const std::wstring& text) {
   FragmentZones z;
@@ -46,11 +51,7 @@ FragmentZones FragmentZonesSplit(const std::wstring& text) {
 bool FragmentSplitAt(const std::wstring& text, std::wstring_view mark, std::wstring& before, std::wstring& after) {
   const long at = vba::InStr(text, mark, vba::Compare::Text);
   if (at <= 0) return false;
-  std::wstring head = text.substr(0, at - 1);
-  // The blanks that indent the mark on its own line belong to no zone.
-  const std::size_t kept = head.find_last_not_of(L" \t");
-  if (kept == std::wstring::npos || head[kept] == L'\n') head.erase(kept == std::wstring::npos ? 0 : kept + 1);
-  before = TrailingLineEndsRemoved(std::move(head));
+  before = TrailingLineEndsRemoved(text.substr(0, at - 1));
   after = text.substr(at - 1 + mark.size());
   if (after.starts_with(L"\r\n")) after.erase(0, 2);
   else if (after.starts_with(L"\n")) after.erase(0, 1);

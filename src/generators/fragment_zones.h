@@ -24,9 +24,12 @@ struct FragmentZones {
 };
 
 // Splits a fragment at its marks (case-insensitive). Without the marks the whole text is
-// the middle. Each zone loses the line ends at its end; the bottom keeps the one that ends
+// the middle. Each zone loses the line ends at its end (and a last line of blanks); the bottom keeps the one that ends
 // the mark's line, so the bottom part stands one blank line below the code above it.
 FragmentZones FragmentZonesSplit(const std::wstring& text);
+
+// A text without the line ends at its end, nor a last line of blanks there.
+std::wstring TrailingLineEndsRemoved(std::wstring text);
 
 // The text before the first `mark` (any case), without the line ends at its end, and the
 // text behind it, without the line end of the mark's own line. False without the mark.

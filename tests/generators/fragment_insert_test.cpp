@@ -116,13 +116,14 @@ TEST_F(Fragments, TextMergeSplitsCleanUpAtTheExitLabelOrFallsBackToTheExit) {
   EXPECT_EQ(proc, Lines({L"Sub A(o As Object)", L"    o.Start", L"    o.Run", L"    Set o = Nothing", L"End Sub"}));
 }
 
+// The bottom keeps the line end behind its mark: one blank line above it, as written.
 TEST_F(Fragments, InsertionWritesThreePlacesAndDeclaresOnce) {
   Code(L"Module1", {L"Sub Main()", L"    Dim n As Long", L"", L"    n = 1", L"    |", L"    n = 2", L"End Sub"});
   EXPECT_TRUE(generators::FragmentInsert(
       session, L"{SINGLE:t} = 0\r\n<end_of_top>\r\nt = Timer<cursor>\r\n<begin_of_bottom>\r\nDebug.Print {SINGLE:t}\r\n"));
   EXPECT_EQ(Marked(), (std::vector<std::wstring>{L"Sub Main()", L"    Dim n As Long", L"    Dim t As Single",
                                                  L"    t = 0", L"", L"    n = 1", L"    t = Timer|", L"    n = 2",
-                                                 L"    Debug.Print t", L"End Sub"}));
+                                                 L"", L"    Debug.Print t", L"End Sub"}));
 }
 
 TEST_F(Fragments, OneLineFragmentGoesIntoTheLineAtTheCaretUnindented) {
