@@ -129,7 +129,6 @@ void FragmentToProcedureAdd(kernel::Session& s, std::wstring& text, std::shared_
     }
     if (zones.hasBottom) FragmentZonePlace(s, *pane, scanner->ProcExitLine, zones.bottom);
     text = zones.middle;
-    text = TrailingLineEndsRemoved(text);
     if (!text.empty()) {
       if (std::optional<kernel::CodeEdit> edit = FragmentCaretEdit(kernel::ViewOf(*pane, kernel::TabSpacesGet(s)), text))
         kernel::ApplyEdit(s.platform, *pane, *edit);
