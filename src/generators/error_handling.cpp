@@ -3,6 +3,7 @@
 #include "analysis/live_code.h"
 #include "analysis/scan_proc.h"
 #include "generators/error_module.h"
+#include "generators/fragment_insert.h"
 #include "generators/fragment_zones.h"
 #include "generators/templates.h"
 #include "generators/var_const_code.h"
@@ -25,34 +26,6 @@ void NameToConstant(std::wstring& code, const std::wstring& name, const std::wst
   if (name.empty()) return;
   code = vba::Replace(code, L"\"" + name, L"\"\" & " + constant + L" & \"", 1, -1, vba::Compare::Text);
   code = vba::Replace(code, name + L"\"", L"\" & " + constant + L" & \"\"", 1, -1, vba::Compare::Text);
-}
-
-long LineCount(const std::wstring& text) {
-  long n = 1;
-  for (std::size_t at = text.find(L"\r\n"); at != std::wstring::npos; at = text.find(L"\r\n", at + 2)) ++n;
-  return n;
-}
-
-// Puts a zone's lines before `line`; the caret keeps its place in the user's code.
-void ZonePlace(kernel::Session& s, host::CodePane& pane, long line, const std::wstring& zone) {
-  if (line <= 0 || zone.empty()) return;
-  kernel::CodeEdit edit;
-  edit.line = line;
-  edit.text = zone;
-  host::Selection caret = pane.GetSelection();
-  if (caret.startLine >= line) {
-    const long shift = LineCount(zone);
-    caret = host::Selection(caret.startLine + shift, caret.startColumn, caret.endLine + shift, caret.endColumn);
-  }
-  edit.caret = caret;
-  kernel::ApplyEdit(s.platform, pane, edit);
-}
-
-std::shared_ptr<analysis::clsScanProc> Rescan(kernel::Session& s) {
-  auto scan = std::make_shared<analysis::clsScanProc>();
-  scan->init(s, false);
-  analysis::CurrentScan(s) = scan;
-  return scan;
 }
 
 }  // namespace
@@ -114,7 +87,7 @@ bool ErrorHandlingAdd(kernel::Session& s, const std::wstring& fragment) {
   kernel::Trap(s, L"basQuillet.ErrorHandlingAdd", [&] {
     host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
     if (!pane) return;
-    std::shared_ptr<analysis::clsScanProc> scan = Rescan(s);
+    std::shared_ptr<analysis::clsScanProc> scan = ProcScanRefresh(s);
     if (scan->ProcName.empty() || scan->ProcRealStartLine <= 0) return;
     host::Ptr<host::CodeModule> module = pane->CodeModule();
     const std::wstring procedureText =
@@ -138,11 +111,7 @@ bool ErrorHandlingAdd(kernel::Session& s, const std::wstring& fragment) {
     }
     NormalizeErrorHandlerCode(s, code, moduleName, procedureName, procedureType, moduleFlag, procedureFlag);
 
-    const FragmentZones zones = FragmentZonesSplit(code);
-    scan = Rescan(s);
-    if (zones.hasTop) ZonePlace(s, *pane, scan->ProcDeclAreaEndLine + 1, zones.top);
-    scan = Rescan(s);
-    if (zones.hasBottom) ZonePlace(s, *pane, scan->ProcExitLine, zones.bottom);
+    FragmentToProcedureAdd(s, code, ProcScanRefresh(s));
     added = true;
   });
   return added;

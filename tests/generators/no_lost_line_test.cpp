@@ -17,6 +17,7 @@
 #include "generators/quillet.h"
 #include "generators/frm_input_box.h"
 #include "generators/enum_type.h"
+#include "generators/fragment_insert.h"
 #include "generators/select_case.h"
 #include "generators/statements.h"
 #include "generators/var_const_code.h"
@@ -256,6 +257,14 @@ std::vector<std::pair<std::string, std::function<kernel::CodeEdit(const kernel::
                    return e ? *e : block(v);
                  }});
   }
+  for (const wchar_t* fragment : {L"Now()", L"a = 1\r\nb = 2\r\n"})
+    c.push_back({"Fragment " + vba::ToUtf8(fragment), [=](const kernel::CodeView& v) {
+                   // A selection is the user's choice to give way to the fragment: a bare caret here.
+                   kernel::CodeView at = v;
+                   at.selection = v.selection.Start();
+                   std::optional<kernel::CodeEdit> e = generators::FragmentCaretEdit(at, fragment);
+                   return e ? *e : kernel::CodeEdit{};
+                 }});
   c.push_back({"Select From Enum", [](const kernel::CodeView& v) {
                  return generators::SelectCaseEdit(v, {.command = L"Select From Enum", .testExpression = L"e",
                                                        .members = {L"xlRed", L"xlBlue"}, .addCaseElse = true});
@@ -393,6 +402,43 @@ TEST(NoLostLine, ErrorHandlingKeepsEveryUserLineInTheEditor) {
                   << ", case " << n << ")\n" << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
   }
   EXPECT_GT(placed, 0) << "no case reached a procedure";
+}
+
+// A fragment writes up to three places of the procedure at the caret and declares its
+// variables: every line of the user's stays, in order, wherever the caret stands.
+TEST(NoLostLine, FragmentInsertionKeepsEveryUserLineInTheEditor) {
+  Settings settings = FromEnvironment();
+  std::mt19937 rng(settings.seed + 3);
+  ModuleMaker maker(rng);
+  test::SessionFixture fx;
+  fx.session.settings[settings::kDeclarationIndented] = true;
+  const wchar_t* fragments[] = {
+      L"Now()",
+      L"{STRING} = \"x\"\r\nDebug.Print {STRING}<cursor>\r\n",
+      L"Dim t As Single\r\n<end_of_top>\r\nt = Timer\r\n<begin_of_bottom>\r\nDebug.Print Timer - t",
+      L"{LONG:n=3}<end_of_top>\r\n<begin_of_bottom>Set {OBJECT:o} = Nothing"};
+  auto component = fx.Module(L"Module1", {});
+  auto module = component->Module();
+  long cases = std::max(1L, settings.cases / 10);
+  long failures = 0, grown = 0;
+  for (long n = 0; n < cases && failures < 5; ++n) {
+    Lines lines = maker.Make();
+    host::Selection place = RandomPlace(maker, lines);
+    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
+    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
+    fx.Pane().SetSelection(place.Start());
+    const std::wstring fragment = fragments[static_cast<std::size_t>(n) % std::size(fragments)];
+    generators::FragmentInsert(fx.session, fragment);
+    Lines after;
+    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
+    if (after.size() > lines.size() + 1) ++grown;
+    std::string lost = LostLineOfMany(lines, after);
+    if (lost.empty()) continue;
+    ++failures;
+    ADD_FAILURE() << "Fragment " << vba::ToUtf8(fragment) << ": " << lost << " (seed " << settings.seed << ", case "
+                  << n << ")\n" << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+  }
+  EXPECT_GT(grown, 0) << "no fragment wrote several places";
 }
 
 }  // namespace
