@@ -10,15 +10,15 @@
 namespace quillet::bench {
 
 struct Benchmark {
-  std::string name;
-  std::string target;  // what the figure must stay under, as text
-  std::function<void()> setup;
-  std::function<void()> run;
+  std::string name{};
+  std::string target{};  // what the figure must stay under, as text
+  std::function<void()> setup{};
+  std::function<void()> run{};
   int repeats = 5;
   // A figure of its own printed beside the time (a ratio, a size), given the best time.
-  std::function<std::string(double ms)> remark;
+  std::function<std::string(double ms)> remark{};
   // When set, the figure printed instead of the best time: a median, a size.
-  std::function<std::string()> report;
+  std::function<std::string()> report{};
 };
 
 std::vector<Benchmark>& Registry();

@@ -123,8 +123,8 @@ bool ExportFile(kernel::Session& s) {
       case host::kClassModule:
       case host::kDocument: kind = {L"Class Files (*.cls)", L"*.cls"}, extension = L"cls"; break;
       case host::kMSForm:
-      case 5:
-      case 6: kind = {L"Form Files (*.frm)", L"*.frm"}, extension = L"frm"; break;
+      case host::kVBForm:
+      case host::kVBMDIForm: kind = {L"Form Files (*.frm)", L"*.frm"}, extension = L"frm"; break;
       case host::kActiveXDesigner: kind = {L"Designer Files (*.dsr)", L"*.dsr"}, extension = L"dsr"; break;
       default: return;
     }

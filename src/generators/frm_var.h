@@ -19,7 +19,7 @@ namespace quillet::generators {
 enum VarLevelKind : int { kModuleLevel = 0, kProcedureLevel = 1, kInterfaceLevel = 2 };
 
 struct VarInit {
-  std::wstring types;      // the type (or a comma list of types) to offer; "" for all
+  std::wstring types{};    // the type (or a comma list of types) to offer; "" for all
   bool onlyTypes = false;  // the list holds the given types alone
   bool withMode = false;   // only object types, "Object" chosen
   bool insertInstance = false;  // the name and a blank go to the caret

@@ -28,16 +28,16 @@ struct ReturnValue {
 
 // Everything the block needs, decided.
 struct SelectCaseRequest {
-  std::wstring command;         // "Select Case", "Select Case Else", "Select Case UCase", "Select From Enum"
-  std::wstring testExpression;  // final form ("UCase(x)"); pieces separated by CR LF
+  std::wstring command{};         // "Select Case", "Select Case Else", "Select Case UCase", "Select From Enum"
+  std::wstring testExpression{};  // final form ("UCase(x)"); pieces separated by CR LF
   // The other commands: a Boolean test, or the values typed (as code).
   bool booleanTest = false;
-  std::vector<std::wstring> values;
+  std::vector<std::wstring> values{};
   // "Select From Enum": the members in their order (none without an enum).
-  std::vector<std::wstring> members;
+  std::vector<std::wstring> members{};
   bool singleCase = false, compact = false, addCaseElse = false, returnValues = false;
-  std::wstring caseElseText;
-  ReturnValue returnValue;
+  std::wstring caseElseText{};
+  ReturnValue returnValue{};
 };
 
 // A member name without its lower-case tag of at most three letters ("xlRed": "Red"); a
@@ -53,13 +53,13 @@ kernel::CodeEdit SelectCaseEdit(const kernel::CodeView& view, const SelectCaseRe
 
 // The command's arguments as the dialogs hand them over.
 struct SelectCaseInput {
-  std::wstring command;
-  std::wstring enumName;
+  std::wstring command{};
+  std::wstring enumName{};
   long enumCategory = 0;  // 1 ModuleEnums, 2 ProjectEnums, 3 LibraryEnums
-  std::wstring testExpression;
+  std::wstring testExpression{};
   long varCategory = 0;   // TestExpressionCategory, or the group of a picked name
   bool addCaseElse = false, returnValues = false, compact = false, singleCase = false;
-  std::wstring caseElseText;
+  std::wstring caseElseText{};
 };
 // Writes the block at the caret; false when there is no code pane.
 bool SelectCodeInsert(kernel::Session& s, const SelectCaseInput& input);

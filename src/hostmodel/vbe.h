@@ -50,6 +50,8 @@ enum ComponentType : int {
   kStdModule = 1,
   kClassModule = 2,
   kMSForm = 3,
+  kVBForm = 5,
+  kVBMDIForm = 6,
   kActiveXDesigner = 11,
   kDocument = 100,
 };

@@ -10,10 +10,10 @@
 namespace quillet::io {
 
 struct ReferenceInfo {
-  std::wstring name;
-  std::wstring fullPath;
-  std::wstring guid;
-  std::wstring description;
+  std::wstring name{};
+  std::wstring fullPath{};
+  std::wstring guid{};
+  std::wstring description{};
   int major = 0, minor = 0;
   bool isBroken = false;
   bool builtIn = false;

@@ -22,9 +22,9 @@ class BuilderForm : public ui::Form {
 struct FormOpenOptions {
   bool needCodeWindow = true;
   bool callInit = true;
-  vba::Variant initArg1, initArg2;  // Empty when not given
+  vba::Variant initArg1{}, initArg2{};  // Empty when not given
   bool rescan = false;
-  vba::Variant rescanArg;
+  vba::Variant rescanArg{};
   int showMode = -1;  // -1: the session's ShowMode
 };
 
