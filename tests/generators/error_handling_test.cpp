@@ -71,11 +71,6 @@ struct ErrorHandling : ::testing::Test, test::SessionFixture {
     session.settings[settings::kMakeModuleConstantTrue] = module;
     session.settings[settings::kMakeProcedureConstantTrue] = procedure;
   }
-  void Write(const std::string& relative, const std::string& text) {
-    auto path = temp.root / "c" / "Program Files" / "Quillet" / relative;
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-  }
 };
 
 TEST_F(ErrorHandling, TheBlockWrapsTheBodyOnceAndAFragmentNameMayCarryItsExtension) {

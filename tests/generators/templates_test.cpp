@@ -23,11 +23,6 @@ struct Templates : ::testing::Test, test::SessionFixture {
     session.settings[settings::kErrorHandleProcedure] = std::wstring(L"ErrorHandle");
     clock.SetStart(vba::DateTime{2026, 11, 22, 14, 5, 0});
   }
-  void Write(const std::string& relative, const std::string& text) {
-    auto path = temp.root / "c" / "Program Files" / "Quillet" / relative;
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-  }
   std::wstring Sub(std::wstring text, std::wstring module = {}, std::wstring proc = {}, std::wstring type = {}) {
     generators::Substitute(session, text, module, proc, type);
     return text;

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -101,6 +102,13 @@ struct EditorFixture {
   std::wstring Text(const std::shared_ptr<host::MemoryComponent>& c) {
     long n = c->Module()->CountOfLines();
     return n ? c->Module()->Lines(1, n) : L"";
+  }
+
+  // A file of the program's folder, by its path relative to it ("vbcode/x.bas").
+  void Write(const std::string& relative, const std::string& text) {
+    auto path = temp.root / "c" / "Program Files" / "Quillet" / relative;
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
   }
 
   TempFolder temp;
