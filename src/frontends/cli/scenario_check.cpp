@@ -322,6 +322,42 @@ json ParseScenario(const std::string& text) {
   }
 }
 
+namespace {
+
+// What the connected hosts hold: the Access database's project type and its tables.
+void HostObjects(const json& v, const std::string& where) {
+  Object(v, where, {"Access"});
+  if (!v.contains("Access")) return;
+  const std::string a = Member(where, "Access");
+  const json& access = v["Access"];
+  Object(access, a, {"projectType", "tables"});
+  if (access.contains("projectType")) Integer(access["projectType"], Member(a, "projectType"), 0, 2);
+  if (!access.contains("tables")) return;
+  const std::string t = Member(a, "tables");
+  if (!access["tables"].is_array()) Refuse(t, "expected an array of tables");
+  for (std::size_t i = 0; i < access["tables"].size(); ++i) {
+    const json& table = access["tables"][i];
+    const std::string w = Entry(t, i);
+    Object(table, w, {"name", "type", "fields"});
+    if (!table.contains("name")) Refuse(w, "a table needs a \"name\"");
+    Text(table["name"], Member(w, "name"));
+    if (table.contains("type")) Text(table["type"], Member(w, "type"));
+    if (!table.contains("fields")) continue;
+    const std::string f = Member(w, "fields");
+    if (!table["fields"].is_array()) Refuse(f, "expected an array of fields");
+    for (std::size_t j = 0; j < table["fields"].size(); ++j) {
+      const json& field = table["fields"][j];
+      const std::string fw = Entry(f, j);
+      Object(field, fw, {"name", "type"});
+      if (!field.contains("name") || !field.contains("type")) Refuse(fw, "a field needs a \"name\" and a \"type\"");
+      Text(field["name"], Member(fw, "name"));
+      Integer(field["type"], Member(fw, "type"), 0, 65535);
+    }
+  }
+}
+
+}  // namespace
+
 void CheckScenario(const json& s) {
   if (!s.is_object()) throw UnreadableInput{"a scenario is a JSON object"};
   Object(s, "the scenario",
@@ -339,7 +375,7 @@ void CheckScenario(const json& s) {
     if (!s["hosts"].is_array()) Refuse("\"hosts\"", "expected an array of Excel, Word, Access");
     for (std::size_t i = 0; i < s["hosts"].size(); ++i) OneOf(s["hosts"][i], Entry("\"hosts\"", i), {"Excel", "Word", "Access"});
   }
-  if (s.contains("hostObjects") && !s["hostObjects"].is_object()) Refuse("\"hostObjects\"", "expected an object");
+  if (s.contains("hostObjects")) HostObjects(s["hostObjects"], "\"hostObjects\"");
   if (s.contains("projects")) {
     if (!s["projects"].is_array()) Refuse("\"projects\"", "expected an array");
     for (std::size_t i = 0; i < s["projects"].size(); ++i) Project(s["projects"][i], Entry("\"projects\"", i));

@@ -12,6 +12,7 @@
 #include "frontends/cli/runner_ui_host.h"
 #include "frontends/cli/scenario_check.h"
 #include "frontends/cli/scenario_error.h"
+#include "hostmodel/access.h"
 #include "io/paths.h"
 #include "io/project_folder.h"
 #include "ui/form.h"
@@ -48,6 +49,30 @@ class ScenarioApplication : public host::OfficeApplication {
 
  private:
   std::wstring name_;
+};
+
+// Access with the database the scenario gives under "hostObjects".
+class ScenarioAccess : public host::AccessApplication {
+ public:
+  explicit ScenarioAccess(const json& access) {
+    if (access.contains("projectType")) projectType_ = access["projectType"].get<long>();
+    if (!access.contains("tables")) return;
+    for (const json& t : access["tables"]) {
+      host::AccessTable table;
+      table.name = W(t["name"]);
+      if (t.contains("type")) table.type = W(t["type"]);
+      if (t.contains("fields"))
+        for (const json& f : t["fields"]) table.fields.push_back({W(f["name"]), f["type"].get<long>()});
+      tables_.push_back(std::move(table));
+    }
+  }
+  long ProjectType() const override { return projectType_; }
+  std::vector<host::AccessTable> TableDefs() const override { return tables_; }
+  std::vector<host::AccessTable> CatalogTables() const override { return tables_; }
+
+ private:
+  long projectType_ = 0;
+  std::vector<host::AccessTable> tables_;
 };
 
 }  // namespace
@@ -172,7 +197,11 @@ void ScenarioRunner::Setup(const json& s) {
       std::string name = h.get<std::string>();
       if (name == "Excel") excelApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Excel");
       else if (name == "Word") wordApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Word");
-      else if (name == "Access") accessApp_ = std::make_shared<ScenarioApplication>(L"Microsoft Access");
+      else if (name == "Access") {
+        json objects = s.contains("hostObjects") && s["hostObjects"].contains("Access") ? s["hostObjects"]["Access"]
+                                                                                          : json::object();
+        accessApp_ = std::make_shared<ScenarioAccess>(objects);
+      }
       else throw UnreadableInput{"unknown host \"" + name + "\" (Excel, Word or Access)"};
     }
   }
