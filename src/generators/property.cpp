@@ -1,5 +1,6 @@
 #include "generators/property.h"
 
+#include "generators/procedure.h"
 #include "generators/templates.h"
 #include "kernel/errors.h"
 #include "kernel/position.h"
@@ -14,13 +15,6 @@ namespace {
 constexpr long kKindEnumType = 10003;
 constexpr long kKindUserType = 10004;
 const wchar_t* const kCrLf = L"\r\n";
-
-bool IsPlainTypeName(const std::wstring& type) {
-  for (const wchar_t* t : {L"Byte", L"Boolean", L"Integer", L"Long", L"Single", L"Double", L"Currency", L"Date",
-                           L"String"})
-    if (type == t) return true;
-  return false;
-}
 
 host::Ptr<host::CodePane> TargetPane(kernel::Session& s, const std::wstring& module) {
   if (!s.vbe) return nullptr;
@@ -38,7 +32,7 @@ host::Ptr<host::CodePane> TargetPane(kernel::Session& s, const std::wstring& mod
 }  // namespace
 
 PropertyClass PropertyClassOf(const std::wstring& type, long kind) {
-  if (IsPlainTypeName(type) || kind == kKindEnumType || kind == kKindUserType) return PropertyClass::Plain;
+  if (settings::IsBasicType(type) || kind == kKindEnumType || kind == kKindUserType) return PropertyClass::Plain;
   if (type.empty() || type == L"Variant") return PropertyClass::Variant;
   return PropertyClass::Object;
 }
@@ -74,8 +68,7 @@ std::wstring clsProperty::ProcedureText(kernel::Session& s, Part part) const {
   if (part != Part::Get) t += L")";
   t += kCrLf;
   if (IncludeHeader) t += HeaderGet(s, kProcedureHeader, Name, Description);
-  if (ProcedureNameConstant)
-    t += indent + L"Const " + s.settings[settings::kProcedureNameConstant].ToString() + L" = \"" + Name + L"\"" + kCrLf;
+  if (ProcedureNameConstant) t += ProcedureConstantLine(s, Name);
   switch (part) {
     case Part::Get:
       switch (Class()) {
@@ -110,6 +103,15 @@ void clsProperty::PropertyProceduresCodeCreate(kernel::Session& s, bool get, boo
 
 void clsProperty::CodeFragmentsAdd(kernel::Session& s, std::wstring& text) const {
   if (!IncludeErrorHandler && !IncludeHourglass) return;
+  clsProcedure p;
+  p.Name = Name;
+  p.ModuleName = ModuleName;
+  p.ProcType = L"Property";
+  p.ErrorHandler = ErrorHandler;
+  p.ModuleNameConstant = ModuleNameConstant;
+  p.ProcedureNameConstant = ProcedureNameConstant;
+  if (IncludeErrorHandler) p.AddErrorHandler(s, text);
+  if (IncludeHourglass) p.AddHourglass(s, text);
 }
 
 std::vector<kernel::CodeEdit> PropertyEdits(long declarationLines, long countOfLines, bool toEndOfModule,

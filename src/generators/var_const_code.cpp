@@ -6,6 +6,7 @@
 #include "analysis/project_models.h"
 #include "analysis/records.h"
 #include "generators/module_create.h"
+#include "generators/property.h"
 #include "generators/scope.h"
 #include "generators/selection.h"
 #include "generators/values.h"
@@ -251,8 +252,11 @@ bool VarConstCodeInsert(kernel::Session& s, const std::wstring& name, const std:
   host::Ptr<host::CodePane> pane = ActivePane(s);
   if (!pane) return false;
   if (kind == kKindProperty) {
-    kernel::NotAvailable(s, L"the property builder");
-    return false;
+    clsProperty property;
+    property.Name = name;
+    property.DataType = type;
+    property.ModuleName = pane->CodeModule()->Parent()->Name();
+    return BuildPropCodeLines(s, property, false);
   }
   DeclView v = DeclViewOf(*pane, kernel::TabSpacesGet(s));
   std::wstring blockName, line;

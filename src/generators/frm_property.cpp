@@ -1,0 +1,269 @@
+#include "generators/frm_property.h"
+
+#include "analysis/module_procs.h"
+#include "analysis/refresh.h"
+#include "generators/error_handling.h"
+#include "generators/module_create.h"
+#include "generators/procedure.h"
+#include "generators/scope.h"
+#include "kernel/errors.h"
+#include "kernel/position.h"
+#include "kernel/product.h"
+#include "settings/error_handlers.h"
+#include "settings/items.h"
+#include "settings/name_checks.h"
+#include "settings/settings_controls.h"
+#include "ui/ui_host.h"
+#include "vba/like.h"
+#include "vba/strings.h"
+
+namespace quillet::generators {
+
+namespace {
+
+host::Ptr<host::VBComponent> ComponentNamed(kernel::Session& s, const std::wstring& name) {
+  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+  if (!project || name.empty()) return nullptr;
+  host::Ptr<host::VBComponents> components = project->VBComponents();
+  for (long i = 1; i <= components->Count(); ++i)
+    if (vba::EqualsText(components->Item(i)->Name(), name)) return components->Item(i);
+  return nullptr;
+}
+
+int SettingCheck(kernel::Session& s, int item) { return settings::TruthValue(s.settings[item].ToString(), true); }
+
+}  // namespace
+
+FrmProperty::FrmProperty(kernel::Session& s)
+    : kernel::BuilderForm(s.ui, L"frmProperty"),
+      lblName(Add<ui::Label>(L"lblName")),
+      txtName(Add<ui::TextBox>(L"txtName")),
+      lblDataType(Add<ui::Label>(L"lblDataType")),
+      cboDataType(Add<ui::ComboBox>(L"cboDataType")),
+      fraProp(Add<ui::Frame>(L"fraProp")),
+      chkGet(Add<ui::CheckBox>(L"chkGet", &fraProp)),
+      chkSet(Add<ui::CheckBox>(L"chkSet", &fraProp)),
+      lblAccess(Add<ui::Label>(L"lblAccess")),
+      cboAccessibility(Add<ui::ComboBox>(L"cboAccessibility")),
+      lblStatic(Add<ui::Label>(L"lblStatic")),
+      cboStatic(Add<ui::ComboBox>(L"cboStatic")),
+      lblModule(Add<ui::Label>(L"lblModule")),
+      cboModule(Add<ui::ComboBox>(L"cboModule")),
+      lblDescription(Add<ui::Label>(L"lblDescription")),
+      txtDescription(Add<ui::TextBox>(L"txtDescription")),
+      fraFeatures(Add<ui::Frame>(L"fraFeatures")),
+      lblAddErrorHandler(Add<ui::Label>(L"lblAddErrorHandler", &fraFeatures)),
+      cboAddErrorHandler(Add<ui::ComboBox>(L"cboAddErrorHandler", &fraFeatures)),
+      chkAddHeader(Add<ui::CheckBox>(L"chkAddHeader", &fraFeatures)),
+      chkAddHourglass(Add<ui::CheckBox>(L"chkAddHourglass", &fraFeatures)),
+      chkAddProcedureConstant(Add<ui::CheckBox>(L"chkAddProcedureConstant", &fraFeatures)),
+      chkAddModuleConstant(Add<ui::CheckBox>(L"chkAddModuleConstant", &fraFeatures)),
+      cmdOK(Add<ui::CommandButton>(L"cmdOK")),
+      cmdOKAndNew(Add<ui::CommandButton>(L"cmdOKAndNew")),
+      cmdCancel(Add<ui::CommandButton>(L"cmdCancel")),
+      cmdHelp(Add<ui::CommandButton>(L"cmdHelp")),
+      s_(s) {
+  SetCaption(L"Property Builder");
+  SetBorderStyle(ui::vbFixedDialog);
+  Move(0, 0, 6900, 5600);
+  lblName.SetCaption(L"&Name");
+  lblDataType.SetCaption(L"&Value Type");
+  fraProp.SetCaption(L"Property");
+  chkGet.SetCaption(L"Ge&t");
+  chkSet.SetCaption(L"&Let/Set");
+  lblAccess.SetCaption(L"&Accessibility");
+  cboAccessibility.SetStyle(ui::vbComboDropdownList);
+  lblStatic.SetCaption(L"&Static");
+  cboStatic.SetStyle(ui::vbComboDropdownList);
+  lblModule.SetCaption(L"&Module");
+  lblDescription.SetCaption(L"&Description");
+  fraFeatures.SetCaption(L"Options");
+  lblAddErrorHandler.SetCaption(L"&Error Handler");
+  cboAddErrorHandler.SetStyle(ui::vbComboDropdownList);
+  chkAddHeader.SetCaption(L"&Header");
+  chkAddHourglass.SetCaption(L"Hour&glass");
+  chkAddProcedureConstant.SetCaption(L"Pro&cedure Constant");
+  chkAddModuleConstant.SetCaption(L"Mod&ule Constant");
+  cmdOK.SetCaption(L"OK");
+  cmdOK.SetDefault(true);
+  cmdOKAndNew.SetCaption(L"OK && Ne&w");
+  cmdCancel.SetCaption(L"Cancel");
+  cmdCancel.SetCancel(true);
+  cmdHelp.SetCaption(L"Help");
+
+  // One of the two parts always stays: clearing the last one sets the other.
+  chkGet.OnClick = [this] {
+    if (chkGet.Value() == 0 && chkSet.Value() == 0) chkSet.SetValue(1);
+  };
+  chkSet.OnClick = [this] {
+    if (chkSet.Value() == 0 && chkGet.Value() == 0) chkGet.SetValue(1);
+  };
+  cboModule.OnClick = [this] { AccessibilityFill(); };
+  cmdOK.OnClick = [this] { PressOK(false); };
+  cmdOKAndNew.OnClick = [this] { PressOK(true); };
+  cmdCancel.OnClick = [this] { Unload(); };
+}
+
+void FrmProperty::Init(const clsProperty* edited) {
+  Load();
+  edited_ = edited;
+  const clsProperty p = edited ? *edited : clsProperty();
+  analysis::DataTypeList(s_, ModelsOf(s_), ScopeOf(s_).ModuleEnums, cboDataType,
+                         edited ? p.DataType : std::wstring(L"String"), {});
+  if (edited) cboDataType.SetText(p.DataType);
+  chkGet.SetValue(p.GetPart ? 1 : 0);
+  chkSet.SetValue(p.SetPart ? 1 : 0);
+  cboStatic.Clear();
+  cboStatic.AddItem(L"");
+  cboStatic.AddItem(L"Static");
+  cboStatic.SetListIndex(p.IsStatic ? 1 : 0);
+  ModulesFill();
+  AccessibilityFill();
+  if (edited) cboAccessibility.SetListIndex(cboAccessibility.FindStringExact(p.AccessibleType));
+  cboAddErrorHandler.Clear();
+  cboAddErrorHandler.AddItem(L"");
+  for (const std::wstring& name : settings::ErrorHandlersList(s_)) cboAddErrorHandler.AddItem(name);
+  std::wstring handler = edited ? p.ErrorHandlerFile : s_.settings[settings::kAddErrorHandlingProperty].ToString();
+  cboAddErrorHandler.SetListIndex(std::max(0, cboAddErrorHandler.FindStringExact(handler)));
+  chkAddHourglass.SetEnabled(HourglassAvailable(s_));
+  if (edited) {
+    txtName.SetText(p.Name);
+    txtDescription.SetText(p.Description);
+    chkAddHeader.SetValue(p.IncludeHeader ? 1 : 0);
+    chkAddHourglass.SetValue(p.IncludeHourglass ? 1 : 0);
+    chkAddProcedureConstant.SetValue(p.ProcedureNameConstant ? 1 : 0);
+    chkAddModuleConstant.SetValue(p.ModuleNameConstant ? 1 : 0);
+  } else {
+    chkAddProcedureConstant.SetValue(SettingCheck(s_, settings::kAddPropertyConstant));
+    chkAddModuleConstant.SetValue(SettingCheck(s_, settings::kAddModuleConstantProperty));
+  }
+}
+
+void FrmProperty::ModulesFill() {
+  cboModule.Clear();
+  if (parent_) {
+    // In class building the property belongs to the class being made.
+    cboModule.AddItem(parent_->ClassName());
+    cboModule.SetListIndex(0);
+    cboModule.SetEnabled(false);
+    return;
+  }
+  cboModule.AddItem(L"<New Class Module>");
+  host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
+  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
+  std::wstring active = pane ? pane->CodeModule()->Parent()->Name() : std::wstring();
+  if (!project) return;
+  host::Ptr<host::VBComponents> components = project->VBComponents();
+  for (long i = 1; i <= components->Count(); ++i) {
+    std::wstring name = components->Item(i)->Name();
+    cboModule.AddItem(name);
+    if (name == active) cboModule.SetListIndex(cboModule.NewIndex());
+  }
+}
+
+void FrmProperty::AccessibilityFill() {
+  std::wstring was = cboAccessibility.Text();
+  cboAccessibility.Clear();
+  cboAccessibility.AddItem(L"Public");
+  cboAccessibility.AddItem(L"Private");
+  host::Ptr<host::VBComponent> c = ComponentNamed(s_, vba::Trim(cboModule.Text()));
+  if (parent_ || vba::Like(cboModule.Text(), L"<New*") || (c && c->Type() != host::kStdModule))
+    cboAccessibility.AddItem(L"Friend");
+  int i = cboAccessibility.FindStringExact(was);
+  cboAccessibility.SetListIndex(i >= 0 ? i : 0);
+}
+
+clsProperty FrmProperty::FromControls() const {
+  clsProperty p;
+  p.Name = vba::Trim(txtName.Text());
+  p.ModuleName = vba::Trim(cboModule.Text());
+  p.DataType = vba::Trim(cboDataType.Text());
+  int t = cboDataType.FindStringExact(p.DataType);
+  p.DataType2 = t >= 0 ? cboDataType.ItemData(t) : 0;
+  p.GetPart = chkGet.Value() == 1;
+  p.SetPart = chkSet.Value() == 1;
+  p.AccessibleType = cboAccessibility.Text();
+  p.IsStatic = cboStatic.Text() == L"Static";
+  p.Description = txtDescription.Text();
+  p.ErrorHandlerFile = cboAddErrorHandler.Text();
+  p.IncludeErrorHandler = !p.ErrorHandlerFile.empty();
+  p.IncludeHeader = chkAddHeader.Value() == 1;
+  p.IncludeHourglass = chkAddHourglass.Enabled() && chkAddHourglass.Value() == 1;
+  p.ProcedureNameConstant = chkAddProcedureConstant.Value() == 1;
+  p.ModuleNameConstant = chkAddModuleConstant.Value() == 1;
+  return p;
+}
+
+bool FrmProperty::NameAccepted(const std::wstring& name, const std::wstring& module) {
+  std::vector<settings::NameLookup> lookups;
+  analysis::ProcDefCollection procs;
+  if (parent_) {
+    const clsProperty* except = edited_;
+    PropertyParent* parent = parent_;
+    lookups.push_back([parent, except](std::wstring_view n) { return parent->PropertyExists(std::wstring(n), except); });
+  } else if (host::Ptr<host::VBComponent> c = ComponentNamed(s_, module)) {
+    procs = analysis::ModuleProperProcsGet(s_, c, true);
+    lookups.push_back(settings::LookupIn(procs));
+  }
+  long answer = settings::CheckNewNameIsOK(s_, name, false, false, lookups);
+  if (answer == 0 || answer == ui::vbYes) return true;
+  txtName.SetFocus();
+  return false;
+}
+
+std::wstring FrmProperty::TargetModule() {
+  std::wstring module = vba::Trim(cboModule.Text());
+  if (!vba::Like(module, L"<New*")) return module;
+  std::optional<std::wstring> answer = s_.uiHost.InputBox(L"Name of Class Module", kernel::kAppName, L"");
+  std::wstring name = answer ? vba::Trim(*answer) : std::wstring();
+  if (name.empty()) return {};
+  if (ComponentNamed(s_, name)) return name;
+  if (s_.uiHost.MsgBox(L"Create class module " + name, ui::vbOKCancel | ui::vbQuestion, kernel::kAppName) !=
+      ui::vbOK)
+    return {};
+  return ModuleCreate(s_, name, host::kClassModule);
+}
+
+bool FrmProperty::PressOK(bool andNew) {
+  bool done = false;
+  kernel::Trap(s_, L"frmProperty.PressOK", [&] {
+    clsProperty p = FromControls();
+    if (!NameAccepted(p.Name, p.ModuleName)) return;
+    if (parent_ && p.ModuleName.empty()) {
+      s_.uiHost.MsgBox(L"Missing Class Module Name.", ui::vbOKOnly | ui::vbExclamation, kernel::kAppName);
+      return;
+    }
+    if (p.IncludeErrorHandler) p.ErrorHandler = ErrorHandlerRead(s_, p.ErrorHandlerFile);
+    if (parent_) {
+      parent_->PropertyAccepted(std::make_shared<clsProperty>(p), edited_);
+    } else {
+      p.ModuleName = TargetModule();
+      if (p.ModuleName.empty()) return;
+      if (p.ModuleNameConstant) ModuleConstantAdd(s_, p.ModuleName, false);
+      if (!BuildPropCodeLines(s_, p, AddProcedureToEndOfModule)) return;
+    }
+    if (!p.Name.empty()) s_.platform.ClipboardSetText(p.Name);
+    done = true;
+  });
+  if (!done) return false;
+  if (andNew && !edited_) {
+    txtName.SetText(L"");
+    txtDescription.SetText(L"");
+    txtName.SetFocus();
+  } else {
+    Unload();
+  }
+  return true;
+}
+
+void PropertyBuilderOpen(kernel::Session& s) {
+  if (!kernel::CodeWindowActive(s)) return;
+  initialize(s, L"", L"");
+  auto form = std::make_unique<FrmProperty>(s);
+  form->Init();
+  kernel::FormOpenOptions o;
+  o.callInit = false;
+  kernel::FormOpen(s, std::move(form), o);
+}
+
+}  // namespace quillet::generators
