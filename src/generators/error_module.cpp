@@ -1,6 +1,7 @@
 #include "generators/error_module.h"
 
 #include "analysis/project_models.h"
+#include "generators/module_create.h"
 #include "generators/templates.h"
 #include "settings/file_objects.h"
 #include "settings/folders.h"
@@ -53,13 +54,7 @@ bool ErrorHandleModuleAdd(kernel::Session& s) {
     if (vba::InStr(text, L"{MODULEHEADER}", vba::Compare::Text) > 0)
       ReplaceToken(text, L"{MODULEHEADER}", HeaderGet(s, kModuleHeader, module, L""));
 
-    // The host brings modules in from files only: the text goes through the temporary
-    // folder under the template's own name.
-    settings::File temporary(s, settings::PathCombine({s.platform.TempFolder(), templateFile.NameWithExtension()}));
-    if (s.platform.Files().FileExists(temporary.FullName())) s.platform.Files().DeleteFile(temporary.FullName());
-    if (!temporary.WriteFile(text)) return;
-    project->VBComponents()->Import(temporary.FullName());
-    s.platform.Files().DeleteFile(temporary.FullName());
+    if (!ModuleImportText(s, project, templateFile.NameWithExtension(), text)) return;
     made = true;
   });
   return made;

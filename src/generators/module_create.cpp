@@ -2,6 +2,8 @@
 
 #include "generators/templates.h"
 #include "kernel/errors.h"
+#include "settings/file_objects.h"
+#include "settings/folders.h"
 #include "kernel/product.h"
 #include "ui/ui_host.h"
 
@@ -27,6 +29,16 @@ std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, host::Co
     result = component->Name();
   });
   return result;
+}
+
+bool ModuleImportText(kernel::Session& s, const host::Ptr<host::VBProject>& project, const std::wstring& fileName,
+                      const std::wstring& text) {
+  settings::File temporary(s, settings::PathCombine({s.platform.TempFolder(), fileName}));
+  if (s.platform.Files().FileExists(temporary.FullName())) s.platform.Files().DeleteFile(temporary.FullName());
+  if (!temporary.WriteFile(text)) return false;
+  project->VBComponents()->Import(temporary.FullName());
+  s.platform.Files().DeleteFile(temporary.FullName());
+  return true;
 }
 
 }  // namespace quillet::generators

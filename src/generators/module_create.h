@@ -13,4 +13,10 @@ namespace quillet::generators {
 // one. "" when there is no project or the module could not be made.
 std::wstring ModuleCreate(kernel::Session& s, const std::wstring& name, host::ComponentType kind);
 
+// Brings `text`, an exported module's text, into `project`: the host imports modules from
+// files only, so the text goes through the temporary folder as `fileName` (a template's own
+// name), which is deleted afterwards. False when the file could not be written.
+bool ModuleImportText(kernel::Session& s, const host::Ptr<host::VBProject>& project, const std::wstring& fileName,
+                      const std::wstring& text);
+
 }  // namespace quillet::generators
