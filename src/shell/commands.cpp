@@ -8,6 +8,7 @@
 #include "codetools/numbering.h"
 #include "generators/dispatcher_commands.h"
 #include "generators/frm_const.h"
+#include "generators/frm_procedure.h"
 #include "generators/frm_var.h"
 #include "generators/quillet.h"
 #include "kernel/strings.h"
@@ -132,6 +133,7 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
   if (auto it = Builders().find(handler); it != Builders().end()) {
     if (it->second == L"frmVar") return generators::VarBuilderOpen(s);
     if (it->second == L"frmConst") return generators::ConstBuilderOpen(s);
+    if (it->second == L"frmProcedure") return generators::ProcedureBuilderOpen(s);
     if (!kernel::CodeWindowActive(s)) return;
     return kernel::NotAvailable(s, L"the builder " + it->second);
   }
