@@ -13,6 +13,7 @@
 #include "settings/folders.h"
 #include "settings/items.h"
 #include "vba/strings.h"
+#include "vba/text.h"
 
 namespace quillet::generators {
 namespace {
@@ -71,7 +72,13 @@ bool ModuleConstantAdd(kernel::Session& s, const std::wstring& module, bool quie
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return false;
   const std::wstring constant = Item(s, settings::kModuleNameConstant);
+  // The declarations looked at are those of the module the constant goes to.
   host::Ptr<host::CodeModule> code = pane->CodeModule();
+  if (host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject()) {
+    host::Ptr<host::VBComponents> components = project->VBComponents();
+    for (long i = 1; i <= components->Count(); ++i)
+      if (vba::EqualsText(components->Item(i)->Name(), module)) code = components->Item(i)->CodeModule();
+  }
   const long declarations = code->CountOfDeclarationLines();
   if (declarations > 0 && Has(code->Lines(1, declarations), L"Const " + constant)) return true;
   if (quiet) return false;

@@ -1,7 +1,7 @@
 #include "generators/frm_class.h"
 
 #include "generators/frm_select_table.h"
-#include "generators/method_builder.h"
+#include "generators/frm_procedure.h"
 #include "generators/scope.h"
 #include "kernel/errors.h"
 #include "kernel/position.h"
@@ -196,7 +196,7 @@ void FrmClass::PropertyEdit(bool isNew) {
 void FrmClass::MethodEdit(bool isNew) {
   std::shared_ptr<clsProcedure> edited = isNew ? nullptr : SelectedMethod();
   if (!isNew && !edited) return;
-  MethodBuilderRun(s_, *this, edited.get());
+  if (std::shared_ptr<clsProcedure> m = MethodBuilderRun(s_, edited)) MethodAccepted(m, edited.get());
 }
 
 void FrmClass::PropertyDelete() {

@@ -47,21 +47,23 @@ DeclBuilder::DeclBuilder(kernel::Session& s, std::wstring formName)
   cmdCancel.OnClick = [this] { Unload(); };
 }
 
-void DeclBuilder::ModulesListFill() {
-  cboModule.Clear();
-  cboModule.AddItem(L"<New Module>");
-  cboModule.AddItem(L"<New Class Module>");
-  host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
-  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
+void ModulesListFill(kernel::Session& s, ui::ComboBox& combo) {
+  combo.Clear();
+  combo.AddItem(L"<New Module>");
+  combo.AddItem(L"<New Class Module>");
+  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   std::wstring active = pane ? pane->CodeModule()->Parent()->Name() : std::wstring();
   if (!project) return;
   host::Ptr<host::VBComponents> components = project->VBComponents();
   for (long i = 1; i <= components->Count(); ++i) {
     std::wstring name = components->Item(i)->Name();
-    cboModule.AddItem(name);
-    if (name == active) cboModule.SetListIndex(cboModule.NewIndex());
+    combo.AddItem(name);
+    if (name == active) combo.SetListIndex(combo.NewIndex());
   }
 }
+
+void DeclBuilder::ModulesListFill() { generators::ModulesListFill(s_, cboModule); }
 
 bool DeclBuilder::ModuleIsStandard(const std::wstring& module) const {
   host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;

@@ -37,6 +37,9 @@ class DeclParent {
   virtual void NewVariable(const std::wstring& name, long category) {}
 };
 
+// "<New Module>", "<New Class Module>", then the project's modules; the active one chosen.
+void ModulesListFill(kernel::Session& s, ui::ComboBox& combo);
+
 class DeclBuilder : public kernel::BuilderForm {
  public:
   DeclBuilder(kernel::Session& s, std::wstring formName);

@@ -56,26 +56,29 @@ bool ValueFits(const std::wstring& value, const std::wstring& type) {
   return true;
 }
 
+settings::NameLookup ModuleProcsLookup(host::Ptr<host::CodeModule> module) {
+  // The editor knows a module's procedures by name: reading their definitions would cost
+  // a scan of the whole module for one name.
+  return [module](std::wstring_view name) {
+    if (!module) return false;
+    for (host::ProcKind kind : {host::kProcKind, host::kGetKind, host::kLetKind, host::kSetKind}) {
+      try {
+        module->ProcStartLine(name, kind);
+        return true;
+      } catch (const vba::Error&) {
+      }
+    }
+    return false;
+  };
+}
+
 long NewNameIsOK(kernel::Session& s, const std::wstring& name, int kind) {
   std::vector<settings::NameLookup> lookups;
   if (kind == kKindVariable || kind == kKindConstant) {
     const analysis::ProjectModels& models = ModelsOf(s);
     Scope& scope = ScopeOf(s);
-    // The module's procedures are asked of the editor, which knows them by name: reading
-    // their definitions would cost a scan of the whole module for one name.
     host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-    host::Ptr<host::CodeModule> module = pane ? pane->CodeModule() : nullptr;
-    settings::NameLookup moduleProcs = [module](std::wstring_view name) {
-      if (!module) return false;
-      for (host::ProcKind kind : {host::kProcKind, host::kGetKind, host::kLetKind, host::kSetKind}) {
-        try {
-          module->ProcStartLine(name, kind);
-          return true;
-        } catch (const vba::Error&) {
-        }
-      }
-      return false;
-    };
+    settings::NameLookup moduleProcs = ModuleProcsLookup(pane ? pane->CodeModule() : nullptr);
     lookups = {settings::LookupIn(models.LibraryProcs), settings::LookupIn(models.ProjectProcs),
                settings::LookupIn(models.ProjectVars),  settings::LookupIn(models.ProjectConsts),
                moduleProcs,                             settings::LookupIn(scope.ModuleVars),

@@ -5,7 +5,9 @@
 //   QuickBoxOpen(s, kKindConstant, L"Long");   // "Constant (Long)", name and value
 #include <string>
 
+#include "hostmodel/vbe.h"
 #include "kernel/form_open.h"
+#include "settings/name_checks.h"
 #include "ui/controls.h"
 
 namespace quillet::generators {
@@ -13,6 +15,9 @@ namespace quillet::generators {
 // Whether a value as typed can stand for a constant of the type: a basic type's value must
 // convert to it; another type takes anything.
 bool ValueFits(const std::wstring& value, const std::wstring& type);
+
+// A lookup that finds the procedures of `module` (none without one), by the editor.
+settings::NameLookup ModuleProcsLookup(host::Ptr<host::CodeModule> module);
 
 // The checks of a new name for a variable or constant (10001, 10002) against every name
 // in reach: the libraries, the project, the module and the procedure at the caret. The

@@ -1,8 +1,9 @@
 #include "generators/frm_property.h"
 
-#include "analysis/module_procs.h"
 #include "analysis/refresh.h"
 #include "generators/error_handling.h"
+#include "generators/frm_decl_builder.h"
+#include "generators/frm_input_box.h"
 #include "generators/module_create.h"
 #include "generators/procedure.h"
 #include "generators/scope.h"
@@ -148,17 +149,7 @@ void FrmProperty::ModulesFill() {
     cboModule.SetEnabled(false);
     return;
   }
-  cboModule.AddItem(L"<New Class Module>");
-  host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;
-  host::Ptr<host::CodePane> pane = s_.vbe ? s_.vbe->ActiveCodePane() : nullptr;
-  std::wstring active = pane ? pane->CodeModule()->Parent()->Name() : std::wstring();
-  if (!project) return;
-  host::Ptr<host::VBComponents> components = project->VBComponents();
-  for (long i = 1; i <= components->Count(); ++i) {
-    std::wstring name = components->Item(i)->Name();
-    cboModule.AddItem(name);
-    if (name == active) cboModule.SetListIndex(cboModule.NewIndex());
-  }
+  ModulesListFill(s_, cboModule);
 }
 
 void FrmProperty::AccessibilityFill() {
@@ -196,14 +187,12 @@ clsProperty FrmProperty::FromControls() const {
 
 bool FrmProperty::NameAccepted(const std::wstring& name, const std::wstring& module) {
   std::vector<settings::NameLookup> lookups;
-  analysis::ProcDefCollection procs;
   if (parent_) {
     const clsProperty* except = edited_;
     PropertyParent* parent = parent_;
     lookups.push_back([parent, except](std::wstring_view n) { return parent->PropertyExists(std::wstring(n), except); });
   } else if (host::Ptr<host::VBComponent> c = ComponentNamed(s_, module)) {
-    procs = analysis::ModuleProperProcsGet(s_, c, true);
-    lookups.push_back(settings::LookupIn(procs));
+    lookups.push_back(ModuleProcsLookup(c->CodeModule()));
   }
   long answer = settings::CheckNewNameIsOK(s_, name, false, false, lookups);
   if (answer == 0 || answer == ui::vbYes) return true;

@@ -9,6 +9,7 @@
 #include "generators/dispatcher_commands.h"
 #include "generators/frm_class.h"
 #include "generators/frm_const.h"
+#include "generators/frm_procedure.h"
 #include "generators/frm_property.h"
 #include "generators/frm_var.h"
 #include "generators/quillet.h"
@@ -134,6 +135,7 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
   if (auto it = Builders().find(handler); it != Builders().end()) {
     if (it->second == L"frmVar") return generators::VarBuilderOpen(s);
     if (it->second == L"frmConst") return generators::ConstBuilderOpen(s);
+    if (it->second == L"frmProcedure") return generators::ProcedureBuilderOpen(s);
     if (it->second == L"frmProperty") return generators::PropertyBuilderOpen(s);
     if (it->second == L"frmClass") return generators::ClassBuilderOpen(s);
     if (!kernel::CodeWindowActive(s)) return;
