@@ -153,15 +153,18 @@ void FrmProperty::ModulesFill() {
 }
 
 void FrmProperty::AccessibilityFill() {
-  std::wstring was = cboAccessibility.Text();
+  const bool chosen = cboAccessibility.ListIndex() >= 0;
+  const std::wstring was = cboAccessibility.Text();
   cboAccessibility.Clear();
+  // An empty entry writes no accessibility word at all.
+  cboAccessibility.AddItem(L"");
   cboAccessibility.AddItem(L"Public");
   cboAccessibility.AddItem(L"Private");
   host::Ptr<host::VBComponent> c = ComponentNamed(s_, vba::Trim(cboModule.Text()));
   if (parent_ || vba::Like(cboModule.Text(), L"<New*") || (c && c->Type() != host::kStdModule))
     cboAccessibility.AddItem(L"Friend");
   int i = cboAccessibility.FindStringExact(was);
-  cboAccessibility.SetListIndex(i >= 0 ? i : 0);
+  cboAccessibility.SetListIndex(chosen && i >= 0 ? i : 1);
 }
 
 clsProperty FrmProperty::FromControls() const {
