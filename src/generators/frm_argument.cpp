@@ -245,7 +245,9 @@ bool FrmArgument::PressOK(bool andNew) {
       const std::wstring value = vba::Trim(cboDefaultValue.Text());
       const int at = cboDataType.FindStringExact(cboDataType.Text());
       const int kind = at >= 0 && !type.empty() ? static_cast<int>(cboDataType.ItemData(at)) : vbEmpty;
-      if (!value.empty()) {
+      if (cboDefaultValue.FindStringExact(value) > 0) {
+        a->DefaultValue = value;  // a constant of the list stands as its name
+      } else if (!value.empty()) {
         Scope& scope = ScopeOf(s_);
         a->DefaultValue = ValueAsCode(s_, vba::Variant(value), kind, scope.ModuleConsts, scope.ProcConsts);
       }

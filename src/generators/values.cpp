@@ -62,6 +62,9 @@ std::wstring ValueAsCode(kernel::Session& s, const vba::Variant& value, int type
     }
     case vbBoolean:
       if (value.kind() == vba::Variant::Kind::Boolean) return value.ToBool() ? L"True" : L"False";
+      // The words themselves, as typed, are what they say; a number is true unless 0.
+      if (vba::EqualsText(vba::Trim(text), L"True")) return L"True";
+      if (vba::EqualsText(vba::Trim(text), L"False")) return L"False";
       return vba::Val(text) != 0 ? L"True" : L"False";
     default:
       return text;

@@ -92,6 +92,8 @@ TEST_F(Inserters, ValuesAsCodeUseNamedConstantsAndLiterals) {
   EXPECT_EQ(code(L"someday", generators::vbDate), L"");
   EXPECT_EQ(code(L"-1", generators::vbBoolean), L"True");
   EXPECT_EQ(code(L"0", generators::vbBoolean), L"False");
+  EXPECT_EQ(code(L"true", generators::vbBoolean), L"True");  // the word as typed
+  EXPECT_EQ(code(L" FALSE", generators::vbBoolean), L"False");
   EXPECT_EQ(code(true, generators::vbEmpty), L"True");
   EXPECT_EQ(code(L"42", generators::vbLong), L"42");
 }
