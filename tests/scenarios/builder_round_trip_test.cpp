@@ -50,6 +50,37 @@ const std::vector<Written>& WrittenProcedures() {
       {"proc_new_module", L"Invoice", L"Total", L"Sub/Function", L"Currency", {}},
       {"proc_new_module", L"basFiles", L"Export", L"Sub/Function", L"", {}},
       {"proc_refused_names", L"basMain", L"Helper", L"Sub/Function", L"", {}},
+      // Properties: the Let and Set take the type as rData. The model reads a return type
+      // for functions only, so a Get shows none.
+      {"prop_builder_kinds_in_module_and_class", L"Module1", L"Name", L"Property Get", L"", {}},
+      {"prop_builder_kinds_in_module_and_class", L"Module1", L"Name", L"Property Let", L"", {{L"rData", L"String"}}},
+      {"prop_builder_kinds_in_module_and_class", L"Module1", L"Shade", L"Property Let", L"", {{L"rData", L"Colors"}}},
+      {"prop_builder_kinds_in_module_and_class", L"Class1", L"Items", L"Property Get", L"", {}},
+      {"prop_builder_kinds_in_module_and_class", L"Class1", L"Items", L"Property Set", L"", {{L"rData", L"Collection"}}},
+      {"prop_builder_kinds_in_module_and_class", L"Class1", L"Tag", L"Property Get", L"", {}},
+      {"prop_builder_kinds_in_module_and_class", L"Class1", L"Tag", L"Property Let", L"", {{L"rData", L"Variant"}}},
+      {"prop_builder_kinds_in_module_and_class", L"Class1", L"Tag", L"Property Set", L"", {{L"rData", L"Variant"}}},
+      {"prop_builder_every_option", L"Class1", L"Count", L"Property Get", L"", {}},
+      {"prop_builder_every_option", L"Class1", L"Count", L"Property Let", L"", {{L"rData", L"Long"}}},
+      {"prop_builder_every_option", L"Class1", L"Size", L"Property Let", L"", {{L"rData", L"Integer"}}},
+      {"prop_names_refused_existing_and_new_class", L"clsOrder", L"Owner", L"Property Set", L"", {{L"rData", L"Object"}}},
+      // Classes: properties and methods in one module.
+      {"cls_builder_properties_and_methods", L"clsOrder", L"OrderNumber", L"Property Get", L"", {}},
+      {"cls_builder_properties_and_methods", L"clsOrder", L"Customer", L"Property Set", L"", {{L"rData", L"Object"}}},
+      {"cls_builder_properties_and_methods", L"clsOrder", L"Total", L"Sub/Function", L"Currency",
+       {{L"Discount", L"Double"}}},
+      {"cls_builder_properties_and_methods", L"clsOrder", L"Clear", L"Sub/Function", L"", {}},
+      {"cls_table_class_dao", L"Customer", L"FirstName", L"Property Let", L"", {{L"rData", L"String"}}},
+      {"cls_table_class_dao", L"Customer", L"Recordset", L"Property Set", L"", {{L"rData", L"Recordset"}}},
+      {"cls_table_class_dao", L"Customer", L"Load", L"Sub/Function", L"", {}},
+      {"cls_table_class_dao", L"Customer", L"Update", L"Sub/Function", L"", {}},
+      {"cls_table_class_dao", L"Customer", L"Class_Initialize", L"Sub/Function", L"", {}},
+      {"cls_table_class_dao", L"Customer", L"FindFirst", L"Sub/Function", L"Boolean",
+       {{L"Criteria", L"Variant", false, true}}},
+      {"cls_table_class_ado", L"Order", L"Placed", L"Property Get", L"", {}},
+      {"cls_table_class_ado", L"Order", L"Class_Terminate", L"Sub/Function", L"", {}},
+      {"cls_table_class_ado", L"Order", L"AddNew", L"Sub/Function", L"", {}},
+      {"cls_collection_class_and_cancel", L"Items", L"Remove", L"Sub/Function", L"", {{L"Index", L"Variant", true}}},
   };
   return table;
 }
@@ -76,8 +107,12 @@ TEST_F(RoundTrip, EveryWrittenProcedureIsScannedAndReadWithItsArgumentsAsGiven) 
     auto module = component->Module();
 
     // The definition model by the editor's own procedure index.
+    const host::ProcKind kind = w.kind == L"Property Get"   ? host::kGetKind
+                                : w.kind == L"Property Let" ? host::kLetKind
+                                : w.kind == L"Property Set" ? host::kSetKind
+                                                            : host::kProcKind;
     analysis::Rv_ProcDef def;
-    def.init(session, L"VBAProject", *module, w.name, host::kProcKind);
+    def.init(session, L"VBAProject", *module, w.name, kind);
     EXPECT_EQ(def.Name, w.name);
     EXPECT_EQ(def.ProcKindStr, w.kind);
     EXPECT_EQ(def.ProcReturnType, w.returnType);
