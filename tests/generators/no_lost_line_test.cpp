@@ -19,6 +19,7 @@
 #include "generators/enum_type.h"
 #include "generators/fragment_insert.h"
 #include "generators/frm_procedure.h"
+#include "generators/frm_property.h"
 #include "generators/select_case.h"
 #include "generators/statements.h"
 #include "generators/var_const_code.h"
@@ -483,6 +484,54 @@ TEST(NoLostLine, TheProcedureBuilderKeepsEveryUserLineInTheEditor) {
     if (lost.empty()) continue;
     ++failures;
     ADD_FAILURE() << "Procedure Builder: " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
+                  << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+  }
+}
+
+// The Property Builder puts its declaration under the module's declarations and its
+// procedures there too, behind the last line, or below a caret that stands in the comments
+// above a procedure or the blanks behind one: in each case every line of the user's stays.
+TEST(NoLostLine, ThePropertyBuilderKeepsEveryUserLineInTheEditor) {
+  Settings settings = FromEnvironment();
+  std::mt19937 rng(settings.seed + 5);
+  ModuleMaker maker(rng);
+  test::SessionFixture fx;
+  fx.session.hostName = L"Access";
+  fx.session.settings[settings::kBaseFolder] = std::wstring(L"\\vbcode\\");
+  fx.session.settings[settings::kExitHandler] = std::wstring(L"HandleExit");
+  fx.session.settings[settings::kModuleNameConstant] = std::wstring(L"cstrModule");
+  fx.session.settings[settings::kProcedureNameConstant] = std::wstring(L"cstrProcedure");
+  fx.Write("vbcode/Fragments/ErrorHandlers/Plain.bas",
+           "    On Error GoTo HandleError\r\n<end_of_top>\r\n<begin_of_bottom>\r\nHandleExit:\r\n    Exit {PROCEDURETYPE}\r\n"
+           "HandleError:\r\n    Err.Raise Err.Number, \"{MODULENAME}.{PROCEDURENAME}\"\r\n");
+  auto component = fx.Module(L"Module1", {});
+  auto module = component->Module();
+  const wchar_t* types[] = {L"String", L"Collection", L"Variant"};
+  long cases = std::max(1L, settings.cases / 30);
+  long failures = 0;
+  for (long n = 0; n < cases && failures < 5; ++n) {
+    Lines lines = maker.Make();
+    host::Selection place = RandomPlace(maker, lines);
+    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
+    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
+    fx.Pane().SetSelection(place.Start());
+    generators::FrmProperty form(fx.session);
+    form.Init();
+    form.AddProcedureToEndOfModule = maker.Chance(3);
+    form.txtName.SetText(L"qProp" + std::to_wstring(n));
+    form.cboDataType.SetText(types[maker.Pick(0, 2)]);
+    form.chkGet.SetValue(maker.Pick(0, 1));
+    form.cboAddErrorHandler.SetListIndex(maker.Chance(2) ? form.cboAddErrorHandler.FindStringExact(L"Plain") : 0);
+    for (ui::CheckBox* box : {&form.chkAddHourglass, &form.chkAddProcedureConstant, &form.chkAddModuleConstant})
+      box->SetValue(maker.Pick(0, 1));
+    form.PressOK(false);
+    Lines after;
+    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
+    std::string lost = LostLineOfMany(lines, after);
+    if (after.size() <= lines.size()) lost = "nothing was written";
+    if (lost.empty()) continue;
+    ++failures;
+    ADD_FAILURE() << "Property Builder: " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
                   << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
   }
 }
