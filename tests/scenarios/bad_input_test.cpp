@@ -52,6 +52,14 @@ TEST(ScriptInput, UnreadableOrWrongScenariosEndWithAReason) {
       // Bounds on what would take unreasonable time.
       {"{\"steps\": [{\"tick\": 4611686018427387904}]}", 2, "\"tick\": expected a number of milliseconds from 0 to 86400000"},
       {"{\"registry\": {\"TabWidth\": 33}}", 2, "\"registry\".TabWidth: expected a tab width from 1 to 32"},
+      // The Access database under hostObjects.
+      {"{\"hostObjects\": {\"Excel\": {}}}", 2, "\"hostObjects\": unknown key \"Excel\""},
+      {"{\"hostObjects\": {\"Access\": {\"projectType\": \"adp\"}}}", 2,
+       "\"hostObjects\".Access.projectType: expected a whole number from 0 to 2"},
+      {"{\"hostObjects\": {\"Access\": {\"tables\": [{\"fields\": []}]}}}", 2,
+       "\"hostObjects\".Access.tables[0]: a table needs a \"name\""},
+      {"{\"hostObjects\": {\"Access\": {\"tables\": [{\"name\": \"T\", \"fields\": [{\"name\": \"F\", \"type\": \"Text\"}]}]}}}",
+       2, "\"hostObjects\".Access.tables[0].fields[0].type: expected a whole number"},
       {"{\"registry\": {\"TabWidth\": \"100000\"}}", 2, "\"registry\".TabWidth"},
   };
   for (const Case& c : cases) {
