@@ -67,7 +67,7 @@ const std::vector<Written>& WrittenProcedures() {
       // Classes: properties and methods in one module.
       {"cls_builder_properties_and_methods", L"clsOrder", L"OrderNumber", L"Property Get", L"", {}},
       {"cls_builder_properties_and_methods", L"clsOrder", L"Customer", L"Property Set", L"", {{L"rData", L"Object"}}},
-      {"cls_builder_properties_and_methods", L"clsOrder", L"Total", L"Sub/Function", L"Currency",
+      {"cls_builder_properties_and_methods", L"clsOrder", L"GrandTotal", L"Sub/Function", L"Currency",
        {{L"Discount", L"Double"}}},
       {"cls_builder_properties_and_methods", L"clsOrder", L"Clear", L"Sub/Function", L"", {}},
       {"cls_table_class_dao", L"Customer", L"FirstName", L"Property Let", L"", {{L"rData", L"String"}}},
