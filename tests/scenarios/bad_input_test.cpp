@@ -54,6 +54,7 @@ TEST(ScriptInput, UnreadableOrWrongScenariosEndWithAReason) {
       {"{\"registry\": {\"TabWidth\": 33}}", 2, "\"registry\".TabWidth: expected a tab width from 1 to 32"},
       // The Access database under hostObjects.
       {"{\"hostObjects\": {\"Excel\": {}}}", 2, "\"hostObjects\": unknown key \"Excel\""},
+      {"{\"hostObjects\": {\"Access\": {}}}", 2, "\"hostObjects\".Access: Access is not among the \"hosts\""},
       {"{\"hostObjects\": {\"Access\": {\"projectType\": \"adp\"}}}", 2,
        "\"hostObjects\".Access.projectType: expected a whole number from 0 to 2"},
       {"{\"hostObjects\": {\"Access\": {\"tables\": [{\"fields\": []}]}}}", 2,

@@ -375,7 +375,16 @@ void CheckScenario(const json& s) {
     if (!s["hosts"].is_array()) Refuse("\"hosts\"", "expected an array of Excel, Word, Access");
     for (std::size_t i = 0; i < s["hosts"].size(); ++i) OneOf(s["hosts"][i], Entry("\"hosts\"", i), {"Excel", "Word", "Access"});
   }
-  if (s.contains("hostObjects")) HostObjects(s["hostObjects"], "\"hostObjects\"");
+  if (s.contains("hostObjects")) {
+    HostObjects(s["hostObjects"], "\"hostObjects\"");
+    // A host's content without the host would be read by nobody.
+    for (const auto& [host, _] : s["hostObjects"].items()) {
+      bool connected = false;
+      if (s.contains("hosts"))
+        for (const auto& h : s["hosts"]) connected = connected || h == host;
+      if (!connected) Refuse(Member("\"hostObjects\"", host), host + " is not among the \"hosts\"");
+    }
+  }
   if (s.contains("projects")) {
     if (!s["projects"].is_array()) Refuse("\"projects\"", "expected an array");
     for (std::size_t i = 0; i < s["projects"].size(); ++i) Project(s["projects"][i], Entry("\"projects\"", i));
