@@ -1,5 +1,6 @@
 #include "generators/procedure.h"
 
+#include <algorithm>
 #include <array>
 
 #include "analysis/scan_proc.h"
@@ -124,13 +125,20 @@ void clsProcedure::Create(kernel::Session& s, const std::wstring& code, const ho
     if (code.empty() || !project || project->VBComponents()->Count() == 0) return;
     host::Ptr<host::VBComponent> component = project->VBComponents()->Item(ModuleName);
     host::Ptr<host::CodeModule> module = component->CodeModule();
-    if (toEndOfModule) module->InsertLines(module->CountOfLines() + 1, code);
-    else module->AddFromString(code);
+    // Where the new text begins: the searches for its definition and its marks start
+    // there, so that a procedure of the same name above cannot be taken for it and a long
+    // module is not read again from its top.
     long line = 1;
+    if (toEndOfModule) {
+      line = module->CountOfLines() + 1;
+      module->InsertLines(line, code);
+    } else {
+      module->AddFromString(code);
+    }
     if (setCursor) {
       host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
       if (pane && vba::Like(pane->CodeModule()->Parent()->Name(), ModuleName)) {
-        CursorToBody(s);
+        CursorToBody(s, line);
         kernel::SetCursor(s, line, false, component);
         return;
       }
@@ -140,14 +148,14 @@ void clsProcedure::Create(kernel::Session& s, const std::wstring& code, const ho
   });
 }
 
-void clsProcedure::CursorToBody(kernel::Session& s) const {
+void clsProcedure::CursorToBody(kernel::Session& s, long fromLine) const {
   if (definition_.empty()) return;
   host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
   if (!pane) return;
   host::Ptr<host::CodeModule> module = pane->CodeModule();
   if (module->Parent()->Name() != ModuleName) return;
   const std::wstring first = vba::Trim(vba::Split(definition_, kCrLf).front());
-  host::Selection found(1, 1, -1, -1);
+  host::Selection found(std::max(1L, fromLine), 1, -1, -1);
   if (!module->Find(first, found)) return;
   pane->SetSelection(host::Selection(found.startLine, 1));
   analysis::clsScanProc scan;

@@ -46,7 +46,8 @@ class clsProcedure {
   // Writes `code` into the module `ModuleName` of `project`: behind its last line, or added
   // by the editor's own rule. With `setCursor` the caret goes to the new procedure's body
   // when that module is the one in front, then to a "<cursor>" mark if the text has one;
-  // without it the marks are only removed.
+  // without it the marks are only removed. Behind the last line, marks are looked for in
+  // the new text only.
   void Create(kernel::Session& s, const std::wstring& code, const host::Ptr<host::VBProject>& project,
               bool toEndOfModule, bool setCursor);
 
@@ -70,8 +71,9 @@ class clsProcedure {
 
   // The definition line as generated last (continuation lines included); "" before.
   const std::wstring& Definition() const { return definition_; }
-  // Puts the caret on the first blank line of the new procedure's body, indented.
-  void CursorToBody(kernel::Session& s) const;
+  // Puts the caret on the first blank line of the new procedure's body, indented; its
+  // definition is looked for from line `fromLine` on.
+  void CursorToBody(kernel::Session& s, long fromLine = 1) const;
 
  private:
   std::wstring content_;
