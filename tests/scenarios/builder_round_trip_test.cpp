@@ -20,8 +20,12 @@ namespace {
 
 // An argument as the user built it.
 struct Arg {
+  Arg(std::wstring n, std::wstring t, bool v = false, bool o = false, bool p = false, bool a = false,
+      std::wstring d = {})
+      : name(std::move(n)), type(std::move(t)), byVal(v), optional(o), paramArray(p), array(a),
+        defaultValue(std::move(d)) {}
   std::wstring name, type;  // type as the model reads it: "Variant" when none is written
-  bool byVal = false, optional = false, paramArray = false, array = false;
+  bool byVal, optional, paramArray, array;
   std::wstring defaultValue;
 };
 
