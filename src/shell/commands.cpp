@@ -6,6 +6,7 @@
 
 #include "codetools/code_window.h"
 #include "codetools/numbering.h"
+#include "fragments/frm_fragments.h"
 #include "generators/dispatcher_commands.h"
 #include "generators/frm_const.h"
 #include "generators/frm_var.h"
@@ -132,6 +133,7 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
   if (auto it = Builders().find(handler); it != Builders().end()) {
     if (it->second == L"frmVar") return generators::VarBuilderOpen(s);
     if (it->second == L"frmConst") return generators::ConstBuilderOpen(s);
+    if (it->second == L"frmFragments") return fragments::FragmentBuilderOpen(s);
     if (!kernel::CodeWindowActive(s)) return;
     return kernel::NotAvailable(s, L"the builder " + it->second);
   }

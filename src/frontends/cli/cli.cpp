@@ -16,7 +16,7 @@ void PrintScriptHelp() {
       "Plays a scenario (a JSON file, or standard input with -) against a fresh session on the\n"
       "in-memory editor, in a private sandbox, and prints the outcome as one JSON object.\n"
       "\n"
-      "Top-level keys: now, bareHome, home, files, settings, firstRun, registry, testing, hosts,\n"
+      "Top-level keys: now, bareHome, home, files, readOnly, settings, firstRun, registry, testing, hosts,\n"
       "hostObjects, projects, active, clipboard, start, steps (description and expect are\n"
       "notes the runner does not read).\n"
       "\n"

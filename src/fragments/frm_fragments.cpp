@@ -1,0 +1,456 @@
+#include "fragments/frm_fragments.h"
+
+#include "fragments/fragment_library.h"
+#include "fragments/frm_fragment_editor.h"
+#include "generators/fragment_insert.h"
+#include "generators/fragment_vars.h"
+#include "generators/scope.h"
+#include "generators/templates.h"
+#include "generators/values.h"
+#include "generators/variable_builder_hooks.h"
+#include "io/paths.h"
+#include "kernel/errors.h"
+#include "kernel/product.h"
+#include "settings/folders.h"
+#include "settings/naming.h"
+#include "ui/colorize.h"
+#include "ui/frm_list.h"
+#include "ui/frm_text_input.h"
+#include "ui/popup.h"
+#include "ui/ui_host.h"
+#include "vba/strings.h"
+#include "vba/text.h"
+
+namespace quillet::fragments {
+namespace {
+
+constexpr int kDeleteQuestion = ui::vbYesNo + ui::vbQuestion + ui::vbDefaultButton2;  // 292
+
+std::wstring WithoutFinalSlash(std::wstring path) {
+  while (!path.empty() && path.back() == L'\\') path.pop_back();
+  return path;
+}
+
+// A shortcut named after its fragment ("Loop.bas.lnk") shows as the fragment does.
+std::wstring ShortcutText(const settings::File& shortcut) {
+  std::wstring name = shortcut.Name();
+  if (vba::EqualsText(vba::Right(name, 3), L"bas")) {
+    name.resize(name.size() - 3);
+    if (!name.empty() && name.back() == L'.') name.pop_back();
+  }
+  return name;
+}
+
+}  // namespace
+
+FragmentsState& FragmentsStateOf(kernel::Session& s) {
+  auto& state = s.Slot<FragmentsState>();
+  if (!state) state = std::make_shared<FragmentsState>();
+  return *state;
+}
+
+FrmFragments::FrmFragments(kernel::Session& s)
+    : kernel::BuilderForm(s.ui, L"frmFragments"),
+      tvFiles(Add<ui::TreeView>(L"tvFiles")),
+      lvList(Add<ui::ListView>(L"lvList")),
+      rtxtContent(Add<ui::RichTextBox>(L"rtxtContent")),
+      lblVars(Add<ui::Label>(L"lblVars")),
+      lstVars(Add<ui::ListBox>(L"lstVars")),
+      cmdNew(Add<ui::CommandButton>(L"cmdNew")),
+      cmdEdit(Add<ui::CommandButton>(L"cmdEdit")),
+      cmdDel(Add<ui::CommandButton>(L"cmdDel")),
+      cmdOk(Add<ui::CommandButton>(L"cmdOk")),
+      cmdCancel(Add<ui::CommandButton>(L"cmdCancel")),
+      cmdHelp(Add<ui::CommandButton>(L"cmdHelp")),
+      picSplitter(Add<ui::PictureBox>(L"picSplitter")),
+      imgSplitter(Add<ui::Image>(L"imgSplitter")),
+      picSplitter2(Add<ui::PictureBox>(L"picSplitter2")),
+      imgSplitter2(Add<ui::Image>(L"imgSplitter2")),
+      mnuLvPopUp(Add<ui::Menu>(L"mnuLvPopUp")),
+      mnuCopyForShortcut(Add<ui::Menu>(L"mnuCopyForShortcut")),
+      mnuRename(Add<ui::Menu>(L"mnuRename")),
+      mnuDelete(Add<ui::Menu>(L"mnuDelete")),
+      mnuMove(Add<ui::Menu>(L"mnuMove")),
+      mnuTvPopUp(Add<ui::Menu>(L"mnuTvPopUp")),
+      mnuCreateShortcut(Add<ui::Menu>(L"mnuCreateShortcut")),
+      s_(s),
+      state_(FragmentsStateOf(s)),
+      split1_(imgSplitter, {&tvFiles}, {&lvList}),
+      split2_(imgSplitter2, {&lvList}, {&rtxtContent, &lstVars, &lblVars}) {
+  SetCaption(L"Fragment Builder");
+  SetBorderStyle(ui::vbSizable);
+  Move(0, 0, 10200, 6600);
+  tvFiles.Move(120, 120, 2700, 5160);
+  imgSplitter.Move(2820, 120, 75, 5160);
+  picSplitter.Move(2820, 120, 75, 5160);
+  picSplitter.SetVisible(false);  // the bar drawn while the user drags
+  lvList.Move(2895, 120, 2400, 5160);
+  lvList.SetView(ui::lvwList);
+  imgSplitter2.Move(5295, 120, 75, 5160);
+  picSplitter2.Move(5295, 120, 75, 5160);
+  picSplitter2.SetVisible(false);
+  rtxtContent.Move(5370, 120, 4590, 3900);
+  rtxtContent.SetFont({L"Courier New", 9});
+  lblVars.SetCaption(L"&Variables");
+  lblVars.Move(5370, 4080, 4590, 255);
+  lstVars.Move(5370, 4335, 4590, 945);
+  cmdNew.SetCaption(L"&New");
+  cmdNew.Move(120, 5520, 1095, 375);
+  cmdEdit.SetCaption(L"&Edit");
+  cmdEdit.Move(1320, 5520, 1095, 375);
+  cmdDel.SetCaption(L"&Delete");
+  cmdDel.Move(2520, 5520, 1095, 375);
+  cmdOk.SetCaption(L"&Insert");
+  cmdOk.Move(6480, 5520, 1095, 375);
+  cmdCancel.SetCaption(L"Cancel");
+  cmdCancel.Move(7680, 5520, 1095, 375);
+  cmdCancel.SetCancel(true);
+  cmdHelp.SetCaption(L"Help");
+  cmdHelp.Move(8880, 5520, 1095, 375);
+  mnuLvPopUp.SetCaption(L"ListPopUp");
+  mnuLvPopUp.SetVisible(false);
+  for (auto [menu, caption] : {std::pair{&mnuCopyForShortcut, L"Copy for Shortcut"}, {&mnuRename, L"Rename"},
+                               {&mnuDelete, L"Delete"}, {&mnuMove, L"Move"}}) {
+    menu->SetCaption(caption);
+    menu->SetParentMenu(&mnuLvPopUp);
+  }
+  mnuTvPopUp.SetCaption(L"TreePopUp");
+  mnuTvPopUp.SetVisible(false);
+  mnuCreateShortcut.SetCaption(L"Create Shortcut");
+  mnuCreateShortcut.SetParentMenu(&mnuTvPopUp);
+  mnuCreateShortcut.SetEnabled(false);
+
+  tvFiles.OnNodeClick = [this](ui::Node& node) {
+    state_.folder = node.Key();
+    ItemsAdd(node.Key());
+    MenusUpdate();
+  };
+  tvFiles.OnExpand = [](ui::Node& node) { node.SetImage(L"FolderOpen"); };
+  tvFiles.OnCollapse = [](ui::Node& node) { node.SetImage(L"FolderClosed"); };
+  lvList.OnItemClick = [this](ui::ListItem& item) { Preview(item); };
+  lvList.OnAfterLabelEdit = [this](int& cancel, std::wstring& text) { AfterLabelEdit(cancel, text); };
+  lstVars.OnDblClick = [this] { ChooseVar(); };
+  lstVars.OnKeyPress = [this](int& key) {
+    if (key != ui::vbKeyReturn) return;
+    key = 0;
+    ChooseVar();
+  };
+  rtxtContent.OnChange = [this] { ButtonsUpdate(); };
+  cmdOk.OnClick = [this] { Ok(); };
+  cmdCancel.OnClick = [this] { Unload(); };
+  cmdDel.OnClick = [this] { Delete(); };
+  mnuDelete.OnClick = [this] { Delete(); };
+  cmdNew.OnClick = [this] { OpenEditor(true); };
+  cmdEdit.OnClick = [this] { OpenEditor(false); };
+  mnuRename.OnClick = [this] {
+    if (lvList.SelectedItem()) lvList.StartLabelEdit();
+  };
+  mnuMove.OnClick = [this] { MoveFragment(); };
+  mnuCopyForShortcut.OnClick = [this] {
+    if (ui::ListItem* item = lvList.SelectedItem()) state_.shortcutSource = item->Key();
+    MenusUpdate();
+  };
+  mnuCreateShortcut.OnClick = [this] { CreateShortcut(); };
+}
+
+void FrmFragments::Init() {
+  Load();
+  kernel::Trap(s_, L"frmFragments.init", [&] { Build(); });
+}
+
+void FrmFragments::Init(const vba::Variant& folder) {
+  state_.folder = WithoutFinalSlash(folder.ToString());
+  state_.file.clear();
+  Init();
+}
+
+void FrmFragments::Init(const vba::Variant& folder, const vba::Variant& file) {
+  state_.folder = WithoutFinalSlash(folder.ToString());
+  state_.file = file.ToString();
+  Init();
+}
+
+void FrmFragments::Build() {
+  const std::wstring wantedFolder = state_.folder, wantedFile = state_.file;
+  root_ = std::make_unique<settings::Folder>(s_);
+  root_->InitFolder(WithoutFinalSlash(settings::FragmentsFolderGet(s_)), L"*.bas;*.lnk");
+  tvFiles.Nodes().Clear();
+  folders_.clear();
+  ui::Node& top = tvFiles.Nodes().Add(root_->FullPath(), root_->Name(), L"FolderClosed");
+  top.SetTag(L"Folder");
+  folders_[root_->FullPath()] = root_.get();
+  FolderToTreeView(*root_, top);
+  top.SetExpanded(true);
+  ui::Node* node = wantedFolder.empty() ? nullptr : tvFiles.Nodes().Find(wantedFolder);
+  if (!node) node = &top;
+  node->EnsureVisible();
+  node->SetSelected(true);
+  state_.folder = node->Key();
+  ItemsAdd(node->Key());
+  if (ui::ListItem* item = wantedFile.empty() ? nullptr : lvList.Items().Find(wantedFile)) {
+    lvList.SetSelectedItem(item);
+    Preview(*item);
+  }
+  MenusUpdate();
+}
+
+void FrmFragments::FolderToTreeView(const settings::Folder& folder, ui::Node& node) {
+  for (const auto& sub : folder.folders) {
+    if (!FragmentFolderAvailable(s_, sub->FullPath())) continue;
+    ui::Node& child = tvFiles.Nodes().Add(&node, ui::tvwChild, sub->FullPath(), sub->Name(), L"FolderClosed");
+    child.SetTag(L"Folder");
+    folders_[sub->FullPath()] = sub.get();
+    FolderToTreeView(*sub, child);
+  }
+}
+
+void FrmFragments::ItemsAdd(const std::wstring& folderPath) {
+  lvList.Items().Clear();
+  auto found = folders_.find(folderPath);
+  if (found != folders_.end()) {
+    const settings::Folder& folder = *found->second;
+    std::vector<const settings::File*> shortcuts;
+    for (const auto& file : folder.files) {
+      if (vba::EqualsText(file->Extension(), L"lnk")) shortcuts.push_back(file.get());
+      else if (!lvList.Items().Find(file->FullName())) lvList.Items().Add(file->FullName(), file->Name());
+    }
+    for (const settings::File* shortcut : shortcuts) {
+      std::wstring target = ShortCutTargetPath(s_, shortcut->FullName());
+      if (target.empty() || !s_.platform.Files().FileExists(target) || lvList.Items().Find(target)) continue;
+      ui::ListItem& item = lvList.Items().Add(target, ShortcutText(*shortcut));
+      item.SetTag(shortcut->FullName());
+      item.SetForeColor(kShortcutColor);
+    }
+  }
+  if (lvList.Items().Count() > 0) {
+    ui::ListItem& first = lvList.Items().Item(1);
+    lvList.SetSelectedItem(&first);
+    Preview(first);
+  } else {
+    state_.file.clear();
+    rtxtContent.SetText(L"");
+    VarsFill();
+  }
+  ButtonsUpdate();
+}
+
+void FrmFragments::Preview(ui::ListItem& item) {
+  kernel::Trap(s_, L"frmFragments.lvList_ItemClick", [&] {
+    settings::File file(s_, item.Key());
+    std::wstring text = file.Contents();
+    std::wstring module, procedure, type;
+    generators::Substitute(s_, text, module, procedure, type);
+    state_.file = item.Key();
+    pendingDeclaration_.clear();
+    rtxtContent.SetText(text);
+    ui::Colorize(rtxtContent);
+    VarsFill();
+  });
+  ButtonsUpdate();
+}
+
+void FrmFragments::ButtonsUpdate() {
+  const bool chosen = lvList.SelectedItem() != nullptr;
+  cmdEdit.SetEnabled(chosen);
+  cmdDel.SetEnabled(chosen);
+  for (ui::Menu* menu : {&mnuCopyForShortcut, &mnuRename, &mnuDelete, &mnuMove}) menu->SetEnabled(chosen);
+  cmdOk.SetEnabled(!rtxtContent.Text().empty());
+}
+
+std::vector<std::wstring> FrmFragments::TokensOf(std::wstring_view text) {
+  std::vector<std::wstring> tokens;
+  for (std::size_t open = text.find(L'{'); open != std::wstring_view::npos; open = text.find(L'{', open + 1)) {
+    std::size_t close = text.find(L'}', open + 1);
+    if (close == std::wstring_view::npos) break;
+    std::wstring_view inner = text.substr(open + 1, close - open - 1);
+    if (inner.empty() || inner.find(L'{') != std::wstring_view::npos ||
+        inner.find_first_of(L"\r\n") != std::wstring_view::npos)
+      continue;
+    std::wstring token(text.substr(open, close + 1 - open));
+    bool seen = false;
+    for (const std::wstring& t : tokens) seen = seen || vba::EqualsText(t, token);
+    if (!seen) tokens.push_back(token);
+    open = close;
+  }
+  return tokens;
+}
+
+void FrmFragments::VarsFill() {
+  lstVars.Clear();
+  for (const std::wstring& token : TokensOf(rtxtContent.Text())) lstVars.AddItem(token);
+}
+
+void FrmFragments::ChooseVar() {
+  int at = lstVars.ListIndex();
+  if (at < 0) return;
+  std::wstring token = lstVars.List(at);
+  if (rtxtContent.Find(token) < 0) return;
+  ShowList(token);
+}
+
+void FrmFragments::ShowList(const std::wstring& token) {
+  std::wstring type, name, value;
+  generators::FragmentVarParse(s_, token, type, name, value, settings::kScopeLocal, true);
+  if (type.empty()) return;
+  ui::FrmList list(s_.ui);
+  list.Load();
+  for (const wchar_t* fixed : {L"<Start Typing>", L"<New Variable>", L"<New Constant>"}) list.lstList.AddItem(fixed);
+  // The names in scope whose type fits the token.
+  generators::initialize(s_, L"", L"");
+  const generators::Scope& scope = generators::ScopeOf(s_);
+  const analysis::ProjectModels& models = generators::ModelsOf(s_);
+  auto fits = [&](const std::wstring& t) { return type == L"Variant" || vba::EqualsText(t, type); };
+  for (const analysis::Variables* vars : {&models.ProjectVars, &scope.ModuleVars, &scope.ProcVars})
+    for (const auto& v : *vars)
+      if (fits(v->Type_) && list.lstList.FindStringExact(v->Name) < 0) list.lstList.AddItem(v->Name);
+  for (const analysis::Constants* consts : {&models.ProjectConsts, &scope.ModuleConsts, &scope.ProcConsts})
+    for (const auto& c : *consts)
+      if (fits(c->Type_) && list.lstList.FindStringExact(c->Name) < 0) list.lstList.AddItem(c->Name);
+  list.lstList.SetListIndex(0);
+  ui::ShowListForm(rtxtContent, *this, list);
+  if (list.CloseKey() != ui::vbKeyReturn) return;
+  const std::wstring choice = list.ChosenText();
+  if (choice == L"<Start Typing>") {
+    ui::FrmTextInput input(s_.ui);
+    input.Init();
+    ui::ShowPopUpForm(rtxtContent, *this, input);
+    if (input.CloseKey() != ui::vbKeyReturn || input.EnteredText().empty()) return;
+    ReplaceVar(type == L"String" ? generators::ValueQuote(input.EnteredText(), type) : input.EnteredText(), type);
+  } else if (choice == L"<New Variable>") {
+    const generators::VariableBuilderHooks& hooks = generators::VariableBuilderHooksOf(s_);
+    if (!hooks.newVariable) return kernel::NotAvailable(s_, L"the Variable Builder");
+    std::wstring chosen;
+    long category = 0;
+    if (hooks.newVariable(s_, this, false, type, chosen, category)) ReplaceVar(chosen, type);
+  } else if (choice == L"<New Constant>") {
+    std::optional<std::wstring> given =
+        s_.uiHost.InputBox(L"Value of constant " + name, kernel::kAppName, value);
+    if (!given || given->empty()) return;
+    AddPendingDeclaration(generators::FragmentDeclarationLine(type, name, generators::ValueQuote(*given, type)));
+    ReplaceVar(name, type);
+  } else {
+    ReplaceVar(choice, type);
+  }
+}
+
+void FrmFragments::ReplaceVar(const std::wstring& value, const std::wstring&) {
+  std::wstring token = rtxtContent.SelText();
+  if (token.empty()) return;
+  std::wstring text = rtxtContent.Text();
+  long first = vba::InStr(text, token, vba::Compare::Text);
+  text = vba::Replace(text, token, value, 1, -1, vba::Compare::Text);
+  long caret = first > 0 ? first - 1 + static_cast<long>(value.size()) : 0;
+  if (!pendingDeclaration_.empty()) {
+    text = pendingDeclaration_ + L"\r\n" + text;
+    caret += static_cast<long>(pendingDeclaration_.size()) + 2;
+    pendingDeclaration_.clear();
+  }
+  rtxtContent.SetText(text);
+  ui::Colorize(rtxtContent);
+  rtxtContent.Select(caret, 0);
+  VarsFill();
+}
+
+std::wstring FrmFragments::SelectedFolder() const {
+  ui::Node* node = tvFiles.SelectedItem();
+  return node ? node->Key() : state_.folder;
+}
+
+void FrmFragments::MenusUpdate() {
+  if (state_.shortcutSource.empty()) {
+    mnuCreateShortcut.SetCaption(L"Create Shortcut");
+    mnuCreateShortcut.SetEnabled(false);
+    return;
+  }
+  settings::File source(s_, state_.shortcutSource);
+  mnuCreateShortcut.SetCaption(L"Paste shortcut to " + source.Name());
+  const std::wstring folder = SelectedFolder();
+  const io::FileSystem& files = s_.platform.Files();
+  mnuCreateShortcut.SetEnabled(!files.Exists(ShortCutName(state_.shortcutSource, folder)) &&
+                               !files.Exists(settings::PathAddSlash(folder) + source.NameWithExtension()));
+}
+
+void FrmFragments::Ok() {
+  kernel::Trap(s_, L"frmFragments.cmdOk_Click", [&] {
+    std::wstring text = rtxtContent.Text();
+    if (text.empty()) return;
+    if (!generators::FragmentInsert(s_, text)) return;
+    Unload();
+  });
+}
+
+void FrmFragments::Delete() {
+  ui::ListItem* item = lvList.SelectedItem();
+  if (!item) return;
+  const std::wstring prompt = IsShortcut(*item)
+                                  ? L"Do you want to delete the shortcut to the fragment '" + item->Text() + L"'?"
+                                  : L"Do you want to delete the original fragment '" + item->Text() + L"'?";
+  if (s_.uiHost.MsgBox(prompt, kDeleteQuestion, kernel::kAppName) != ui::vbYes) return;
+  const std::wstring folder = SelectedFolder();
+  FragmentFileDelete(s_, FileOf(*item), L"frmFragments.cmdDel_Click");
+  Rebuild(folder, L"");
+}
+
+void FrmFragments::AfterLabelEdit(int& cancel, std::wstring& text) {
+  // The list is read again from disk after a rename, so the entry itself never changes.
+  cancel = 1;
+  ui::ListItem* item = lvList.EditingItem() ? lvList.EditingItem() : lvList.SelectedItem();
+  if (!item || text.empty()) return;
+  settings::File file(s_, FileOf(*item));
+  std::wstring newName = file.Path() + L"\\" + text;
+  if (!file.Extension().empty()) newName += L"." + file.Extension();
+  if (newName == file.FullName()) return;
+  const bool shortcut = IsShortcut(*item);
+  const std::wstring key = item->Key();
+  if (!FragmentFileRename(s_, file.FullName(), newName, L"frmFragments.lvList_AfterLabelEdit")) return;
+  Rebuild(SelectedFolder(), shortcut ? key : newName);
+}
+
+void FrmFragments::MoveFragment() {
+  ui::ListItem* item = lvList.SelectedItem();
+  if (!item) return;
+  const std::wstring from = FileOf(*item);
+  const std::wstring folder = SelectedFolder();
+  std::optional<std::wstring> target = s_.uiHost.ChooseFolder(L"Move", folder);
+  if (!target || target->empty()) return;
+  const std::wstring to = settings::PathAddSlash(*target) + io::FileNameOf(from);
+  if (FragmentFileRename(s_, from, to, L"frmFragments.mnuMove_Click")) Rebuild(folder, L"");
+}
+
+void FrmFragments::CreateShortcut() {
+  const std::wstring folder = SelectedFolder();
+  if (state_.shortcutSource.empty()) return;
+  if (ShortCutCreate(s_, state_.shortcutSource, folder)) Rebuild(folder, state_.shortcutSource);
+}
+
+void FrmFragments::OpenEditor(bool isNew) {
+  const std::wstring folder = SelectedFolder();
+  ui::ListItem* item = lvList.SelectedItem();
+  if (!isNew && !item) return;
+  FrmFragmentEditor editor(s_);
+  editor.Init(isNew ? std::wstring() : item->Key(), folder, isNew);
+  editor.Show(true);
+  if (!editor.SavedFile().empty()) Rebuild(folder, editor.SavedFile());
+}
+
+void FrmFragments::Rebuild(const std::wstring& folder, const std::wstring& file) {
+  state_.folder = folder;
+  state_.file = file;
+  Build();
+}
+
+void FrmFragments::MoveSplitter(int which, long x) {
+  (which == 1 ? split1_ : split2_).MoveTo(x);
+  picSplitter.SetLeft(imgSplitter.Left());
+  picSplitter2.SetLeft(imgSplitter2.Left());
+}
+
+void FragmentBuilderOpen(kernel::Session& s, const std::wstring& folder, const std::wstring& file) {
+  kernel::FormOpenOptions o;
+  o.rescan = true;
+  if (!folder.empty()) o.initArg1 = vba::Variant(folder);
+  if (!file.empty()) o.initArg2 = vba::Variant(file);
+  kernel::FormOpen(s, std::make_unique<FrmFragments>(s), o);
+}
+
+}  // namespace quillet::fragments
