@@ -42,28 +42,37 @@ std::wstring FragmentRead(kernel::Session& s, std::wstring name) {
   return file.Contents();
 }
 
-bool FragmentFolderAvailable(kernel::Session& s, std::wstring_view path) {
+FragmentFolders::FragmentFolders(kernel::Session& s)
+    : s_(s), root_(WithoutFinalSlash(settings::FragmentsFolderGet(s))) {
   settings::IniFile ini(s);
   ini.SetName(settings::IniFileName(settings::kFragmentsReferenceIni));
-  if (!ini.SectionExists(L"fragments/reference")) return true;
+  if (!ini.SectionExists(L"fragments/reference")) return;
   settings::IniFileSection* section = ini.Item(std::wstring(L"fragments/reference"));
-  if (!section || !section->Items()) return true;
+  if (!section || !section->Items()) return;
+  for (const auto& item : *section->Items())
+    if (!item->name.empty()) ties_.emplace_back(item->name, item->value);
+}
+
+bool FragmentFolders::Available(std::wstring_view path) const {
+  if (ties_.empty()) return true;
   std::wstring rest(path);
-  std::wstring root = WithoutFinalSlash(settings::FragmentsFolderGet(s));
-  if (long at = vba::InStr(rest, root, vba::Compare::Text); at > 0) rest = rest.substr(at - 1 + root.size());
+  if (long at = vba::InStr(rest, root_, vba::Compare::Text); at > 0) rest = rest.substr(at - 1 + root_.size());
   while (!rest.empty() && rest.front() == L'\\') rest.erase(0, 1);
   rest = WithoutFinalSlash(rest);
   if (rest.empty()) return true;
-  const analysis::ProjectModels& models = generators::ModelsOf(s);
+  const analysis::ProjectModels& models = generators::ModelsOf(s_);
   for (const std::wstring& piece : vba::Split(rest, L"\\")) {
-    for (const auto& item : *section->Items()) {
-      if (item->name.empty() || !vba::EqualsText(item->name, piece)) continue;
-      if (!models.ReferenceNames.Exists(item->value)) return false;
+    // The first entry of a name decides, as the first key of a collection does.
+    for (const auto& [folder, reference] : ties_) {
+      if (!vba::EqualsText(folder, piece)) continue;
+      if (!models.ReferenceNames.Exists(reference)) return false;
       break;
     }
   }
   return true;
 }
+
+bool FragmentFolderAvailable(kernel::Session& s, std::wstring_view path) { return FragmentFolders(s).Available(path); }
 
 std::wstring ShortCutName(std::wstring_view targetFile, std::wstring_view folder) {
   return settings::PathAddSlash(folder) + io::FileNameOf(targetFile) + L".lnk";

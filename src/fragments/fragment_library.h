@@ -8,6 +8,8 @@
 //   ShortCutCreate(s, L"C:\\...\\Fragments\\Loops\\For Each.bas", L"C:\\...\\Fragments\\Favourites");
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "kernel/session.h"
 
@@ -22,7 +24,19 @@ std::wstring FragmentRead(kernel::Session& s, std::wstring name);
 
 // Whether a folder of the library is offered in the active project: a folder tied to a
 // library in the section "fragments/reference" of the references file is offered only when
-// the project references that library. A missing file or section ties nothing.
+// the project references that library. A missing file or section ties nothing. The file
+// is read once, when the object is made.
+class FragmentFolders {
+ public:
+  explicit FragmentFolders(kernel::Session& s);
+  bool Available(std::wstring_view path) const;
+
+ private:
+  kernel::Session& s_;
+  std::wstring root_;
+  std::vector<std::pair<std::wstring, std::wstring>> ties_;  // folder name, reference name
+};
+// The same for one folder.
 bool FragmentFolderAvailable(kernel::Session& s, std::wstring_view path);
 
 // The full name of the shortcut to `targetFile` in `folder`: "Loop.bas.lnk".

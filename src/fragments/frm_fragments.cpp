@@ -179,7 +179,8 @@ void FrmFragments::Build() {
   ui::Node& top = tvFiles.Nodes().Add(root_->FullPath(), root_->Name(), L"FolderClosed");
   top.SetTag(L"Folder");
   folders_[root_->FullPath()] = root_.get();
-  FolderToTreeView(*root_, top);
+  FragmentFolders available(s_);
+  FolderToTreeView(*root_, top, available);
   top.SetExpanded(true);
   ui::Node* node = wantedFolder.empty() ? nullptr : tvFiles.Nodes().Find(wantedFolder);
   if (!node) node = &top;
@@ -194,13 +195,13 @@ void FrmFragments::Build() {
   MenusUpdate();
 }
 
-void FrmFragments::FolderToTreeView(const settings::Folder& folder, ui::Node& node) {
+void FrmFragments::FolderToTreeView(const settings::Folder& folder, ui::Node& node, const FragmentFolders& available) {
   for (const auto& sub : folder.folders) {
-    if (!FragmentFolderAvailable(s_, sub->FullPath())) continue;
+    if (!available.Available(sub->FullPath())) continue;
     ui::Node& child = tvFiles.Nodes().Add(&node, ui::tvwChild, sub->FullPath(), sub->Name(), L"FolderClosed");
     child.SetTag(L"Folder");
     folders_[sub->FullPath()] = sub.get();
-    FolderToTreeView(*sub, child);
+    FolderToTreeView(*sub, child, available);
   }
 }
 

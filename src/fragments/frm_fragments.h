@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "fragments/fragment_library.h"
 #include "fragments/splitter.h"
 #include "kernel/form_open.h"
 #include "settings/file_objects.h"
@@ -71,7 +72,7 @@ class FrmFragments : public kernel::BuilderForm {
 
  private:
   void Build();
-  void FolderToTreeView(const settings::Folder& folder, ui::Node& node);
+  void FolderToTreeView(const settings::Folder& folder, ui::Node& node, const FragmentFolders& available);
   void ItemsAdd(const std::wstring& folder);
   void Preview(ui::ListItem& item);
   void ButtonsUpdate();

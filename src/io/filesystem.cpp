@@ -382,13 +382,22 @@ std::vector<DirEntry> MappedFileSystem::List(std::wstring_view folder) const {
   std::vector<DirEntry> entries;
   std::error_code ec;
   for (fs::directory_iterator it(real, ec), end; !ec && it != end; it.increment(ec))
-    entries.push_back({NameOf(it->path()), IsDir(it->path())});
+  {
+    std::error_code kind;  // a link to nothing is a file here, as Windows lists it
+    entries.push_back({NameOf(it->path()), it->is_directory(kind)});
+  }
   if (ec) Fail(NumberOfErrno(ec.value()), folder);
-  std::sort(entries.begin(), entries.end(), [](const DirEntry& a, const DirEntry& b) {
-    int c = vba::CompareText(a.name, b.name);
-    return c != 0 ? c < 0 : a.name < b.name;
+  // Each name's upper case is made once, not at every comparison of the sort.
+  std::vector<std::pair<std::wstring, std::size_t>> order;
+  order.reserve(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) order.emplace_back(vba::UCase(entries[i].name), i);
+  std::sort(order.begin(), order.end(), [&](const auto& a, const auto& b) {
+    return a.first != b.first ? a.first < b.first : entries[a.second].name < entries[b.second].name;
   });
-  return entries;
+  std::vector<DirEntry> sorted;
+  sorted.reserve(entries.size());
+  for (const auto& [upper, i] : order) sorted.push_back(std::move(entries[i]));
+  return sorted;
 }
 
 }  // namespace quillet::io
