@@ -109,6 +109,7 @@ FrmFragments::FrmFragments(kernel::Session& s)
   cmdHelp.Move(8880, 5520, 1095, 375);
   mnuLvPopUp.SetCaption(L"ListPopUp");
   mnuLvPopUp.SetVisible(false);
+  mnuLvPopUp.SetPopupFor(&lvList);
   for (auto [menu, caption] : {std::pair{&mnuCopyForShortcut, L"Copy for Shortcut"}, {&mnuRename, L"Rename"},
                                {&mnuDelete, L"Delete"}, {&mnuMove, L"Move"}}) {
     menu->SetCaption(caption);
@@ -116,6 +117,7 @@ FrmFragments::FrmFragments(kernel::Session& s)
   }
   mnuTvPopUp.SetCaption(L"TreePopUp");
   mnuTvPopUp.SetVisible(false);
+  mnuTvPopUp.SetPopupFor(&tvFiles);
   mnuCreateShortcut.SetCaption(L"Create Shortcut");
   mnuCreateShortcut.SetParentMenu(&mnuTvPopUp);
   mnuCreateShortcut.SetEnabled(false);

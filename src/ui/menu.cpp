@@ -13,6 +13,7 @@ Menu::Menu(Form& form, std::wstring name, Control* container, int index)
 void Menu::DescribeInto(nlohmann::json& out) const {
   CaptionedControl::DescribeInto(out);
   if (parent_) out["menu"] = vba::ToUtf8(parent_->FullName());
+  if (popupFor_) out["popupFor"] = vba::ToUtf8(popupFor_->FullName());
 }
 
 }  // namespace quillet::ui

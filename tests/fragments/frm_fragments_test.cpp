@@ -135,6 +135,29 @@ TEST_F(Builder, InsertMergesThePreviewAtTheCaretAndCloses) {
   EXPECT_EQ(Text(module), L"Sub Main()\r\n    Dim count As Long\r\n    count = count + 1\r\nEnd Sub");
 }
 
+TEST_F(Builder, ThePopUpMenusAndTheOpenLabelAreToldToTheFrontEnds) {
+  Write("vbcode/Fragments/Loops/For Next.bas", "Next\r\n");
+  FrmFragments f(session);
+  f.Init(vba::Variant(Path(L"Loops")));
+  f.Show(false);
+  auto control = [&](const nlohmann::json& form, const std::string& name) {
+    for (const auto& c : form["controls"])
+      if (c["name"] == name) return c;
+    return nlohmann::json();
+  };
+  nlohmann::json form = f.Describe();
+  EXPECT_EQ(control(form, "mnuLvPopUp")["popupFor"], "lvList");
+  EXPECT_EQ(control(form, "mnuTvPopUp")["popupFor"], "tvFiles");
+  EXPECT_EQ(control(form, "mnuRename")["menu"], "mnuLvPopUp");
+  EXPECT_EQ(control(form, "mnuCreateShortcut")["enabled"], false);
+  EXPECT_FALSE(control(form, "lvList").contains("editing"));
+  ui::UserInput::Click(f.mnuRename);
+  EXPECT_EQ(control(f.Describe(), "lvList")["editing"], vba::ToUtf8(Path(L"Loops\\For Next.bas")));
+  ui::UserInput::EditLabel(f.lvList, L"");  // an empty name is refused: nothing changes
+  EXPECT_TRUE(platform.Files().FileExists(Path(L"Loops\\For Next.bas")));
+  EXPECT_EQ(f.lvList.Items().Item(1).Text(), L"For Next");
+}
+
 struct Editor : Builder {
   FrmFragmentEditor editor{session};
 };
