@@ -138,6 +138,7 @@ FrmFragments::FrmFragments(kernel::Session& s)
     ChooseVar();
   };
   rtxtContent.OnChange = [this] { ButtonsUpdate(); };
+  rtxtContent.OnSelChange = [this] { CurrentWord(); };
   cmdOk.OnClick = [this] { Ok(); };
   cmdCancel.OnClick = [this] { Unload(); };
   cmdDel.OnClick = [this] { Delete(); };
@@ -231,7 +232,9 @@ void FrmFragments::ItemsAdd(const std::wstring& folderPath) {
     Preview(first);
   } else {
     state_.file.clear();
+    ++busy_;
     rtxtContent.SetText(L"");
+    --busy_;
     VarsFill();
   }
   ButtonsUpdate();
@@ -245,8 +248,10 @@ void FrmFragments::Preview(ui::ListItem& item) {
     generators::Substitute(s_, text, module, procedure, type);
     state_.file = item.Key();
     pendingDeclaration_.clear();
+    ++busy_;
     rtxtContent.SetText(text);
     ui::Colorize(rtxtContent);
+    --busy_;
     VarsFill();
   });
   ButtonsUpdate();
@@ -287,8 +292,55 @@ void FrmFragments::ChooseVar() {
   int at = lstVars.ListIndex();
   if (at < 0) return;
   std::wstring token = lstVars.List(at);
-  if (rtxtContent.Find(token) < 0) return;
+  ++busy_;
+  long found = rtxtContent.Find(token);
+  --busy_;
+  if (found < 0) return;
   ShowList(token);
+}
+
+std::optional<std::pair<long, long>> FrmFragments::TokenAt(std::wstring_view text, long caret) {
+  if (caret < 0 || caret > static_cast<long>(text.size())) return std::nullopt;
+  const std::size_t at = static_cast<std::size_t>(caret);
+  std::size_t lineStart = at == 0 ? 0 : text.find_last_of(L"\r\n", at - 1);
+  lineStart = lineStart == std::wstring_view::npos ? 0 : lineStart + 1;
+  std::size_t lineEnd = text.find_first_of(L"\r\n", at);
+  if (lineEnd == std::wstring_view::npos) lineEnd = text.size();
+  // Whether a position of the line lies inside a string literal: an odd count of quotes
+  // in front of it.
+  auto inString = [&](std::size_t pos) {
+    std::size_t quotes = 0;
+    for (std::size_t i = lineStart; i < pos; ++i) quotes += text[i] == L'"';
+    return quotes % 2 == 1;
+  };
+  std::size_t open = std::wstring_view::npos;
+  for (std::size_t i = at; i > lineStart; --i) {
+    wchar_t c = text[i - 1];
+    if ((c == L'{' || c == L'}') && !inString(i - 1)) {
+      if (c == L'}') return std::nullopt;
+      open = i - 1;
+      break;
+    }
+  }
+  if (open == std::wstring_view::npos) return std::nullopt;
+  for (std::size_t i = at; i < lineEnd; ++i) {
+    wchar_t c = text[i];
+    if ((c == L'{' || c == L'}') && !inString(i)) {
+      if (c == L'{' || i - open < 2) return std::nullopt;
+      return std::pair<long, long>(static_cast<long>(open), static_cast<long>(i + 1 - open));
+    }
+  }
+  return std::nullopt;
+}
+
+void FrmFragments::CurrentWord() {
+  if (busy_ || !Visible() || rtxtContent.SelLength() > 0) return;
+  std::optional<std::pair<long, long>> token = TokenAt(rtxtContent.Text(), rtxtContent.SelStart());
+  if (!token) return;
+  ++busy_;
+  rtxtContent.Select(token->first, token->second);
+  --busy_;
+  ShowList(rtxtContent.SelText());
 }
 
 void FrmFragments::ShowList(const std::wstring& token) {
@@ -348,9 +400,11 @@ void FrmFragments::ReplaceVar(const std::wstring& value, const std::wstring&) {
     caret += static_cast<long>(pendingDeclaration_.size()) + 2;
     pendingDeclaration_.clear();
   }
+  ++busy_;
   rtxtContent.SetText(text);
   ui::Colorize(rtxtContent);
   rtxtContent.Select(caret, 0);
+  --busy_;
   VarsFill();
 }
 

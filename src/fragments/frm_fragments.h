@@ -8,6 +8,8 @@
 //   FragmentBuilderOpen(s);                       // the menu's command
 //   FragmentBuilderOpen(s, folder, fullName);     // at a folder and a fragment
 #include <map>
+#include <optional>
+#include <utility>
 #include <memory>
 #include <string>
 
@@ -38,6 +40,10 @@ class FrmFragments : public kernel::BuilderForm {
 
   // The variables of the text: the distinct tokens in braces in their order.
   static std::vector<std::wstring> TokensOf(std::wstring_view text);
+  // The token around a caret at `caret` (0-based): its start and length, or nullopt when the
+  // caret stands outside every token. A brace inside a string literal of its line is no
+  // token's brace.
+  static std::optional<std::pair<long, long>> TokenAt(std::wstring_view text, long caret);
   // Puts `value` for every occurrence of the token selected in rtxtContent, as the pick
   // list does when the user chooses; a string value of a "String" token is quoted.
   void ReplaceVar(const std::wstring& value, const std::wstring& type);
@@ -78,6 +84,8 @@ class FrmFragments : public kernel::BuilderForm {
   void ButtonsUpdate();
   void VarsFill();
   void ChooseVar();
+  // The caret moved: a token under it is selected and offered.
+  void CurrentWord();
   void ShowList(const std::wstring& token);
   void MenusUpdate();
   void Ok();
@@ -98,6 +106,7 @@ class FrmFragments : public kernel::BuilderForm {
   std::unique_ptr<settings::Folder> root_;
   std::map<std::wstring, const settings::Folder*, vba::TextLess> folders_;
   std::wstring pendingDeclaration_;
+  int busy_ = 0;  // the dialog itself moves the caret: the key handler holds off
   std::wstring moveSource_;
   Splitter split1_, split2_;
 };

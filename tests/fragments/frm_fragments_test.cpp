@@ -40,6 +40,42 @@ TEST(FragmentTokens, EachTokenOnceInTheOrderMetWithoutRegardToCase) {
   EXPECT_TRUE(FrmFragments::TokensOf(L"no tokens <cursor>").empty());
 }
 
+TEST(FragmentTokens, TheTokenUnderTheCaretButNotABraceInAStringLiteral) {
+  using Span = std::optional<std::pair<long, long>>;
+  const std::wstring text = L"x = {LONG:n} & \"{no}\" & {}\r\ny = {STRING}";
+  EXPECT_EQ(FrmFragments::TokenAt(text, 4), std::nullopt);     // in front of the brace
+  EXPECT_EQ(FrmFragments::TokenAt(text, 5), (Span{{4, 8}}));   // behind it
+  EXPECT_EQ(FrmFragments::TokenAt(text, 8), (Span{{4, 8}}));   // inside
+  EXPECT_EQ(FrmFragments::TokenAt(text, 12), std::nullopt);    // behind the closing brace
+  EXPECT_EQ(FrmFragments::TokenAt(text, 18), std::nullopt);    // "{no}" is text in quotes
+  EXPECT_EQ(FrmFragments::TokenAt(text, 26), std::nullopt);    // "{}" names nothing
+  EXPECT_EQ(FrmFragments::TokenAt(text, 34), (Span{{32, 8}}));  // the next line's own token
+  EXPECT_EQ(FrmFragments::TokenAt(text, 2), std::nullopt);
+  EXPECT_EQ(FrmFragments::TokenAt(L"{LONG\r\n}", 3), std::nullopt);  // a token ends on its line
+}
+
+TEST_F(Builder, TheCaretMovedIntoATokenOffersItAndTheChoiceFillsEveryOccurrence) {
+  Write("vbcode/Fragments/Loops/For Next.bas", "For {LONG:i} = 1 To 3\r\nNext {LONG:i}\r\n");
+  FrmFragments f(session);
+  f.Init(vba::Variant(Path(L"Loops")));
+  f.Show(false);
+  uiHost.QueueAction([&] {
+    auto& list = dynamic_cast<ui::FrmList&>(ui::UserInput::FindForm(ui, L"frmList"));
+    EXPECT_EQ(f.rtxtContent.SelText(), L"{LONG:i}");
+    ui::UserInput::Set(list.lstList, nlohmann::json("<Start Typing>"));
+    ui::UserInput::Key(list.lstList, ui::vbKeyReturn);
+  });
+  uiHost.QueueAction([&] {
+    auto& input = ui::UserInput::FindForm(ui, L"frmTextInput");
+    ui::UserInput::Set(input, L"txtInput", nlohmann::json("k"));
+    ui::UserInput::Key(*input.Find(L"txtInput"), ui::vbKeyReturn);
+  });
+  ui::UserInput::Caret(f.rtxtContent, 7, 0);
+  EXPECT_EQ(f.rtxtContent.Text(), L"For k = 1 To 3\r\nNext k\r\n");
+  EXPECT_EQ(uiHost.PendingActions(), 0u);
+  ui::UserInput::Caret(f.rtxtContent, 2, 0);  // outside every token: nothing pops up
+}
+
 TEST_F(Builder, OpensAtTheFolderAndFragmentOfTheLastOpeningAndListsShortcutsAfterFragments) {
   Write("vbcode/Fragments/Loops/For Next.bas", "For {LONG:i} = 1 To 10\r\n    <cursor>\r\nNext {LONG:i}\r\n");
   Write("vbcode/Fragments/Loops/Do While.bas", "Do While {BOOLEAN:Going}\r\nLoop\r\n");
