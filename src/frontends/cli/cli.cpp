@@ -33,7 +33,7 @@ void PrintScriptHelp() {
       "  {\"clipboard\": \"text\"}  {\"saveProject\": \"P\"} or {\"project\", \"folder\"}\n"
       "  answers: {\"msgbox\": \"Yes\"} {\"inputbox\": \"2\"|null} {\"file\": path|null} {\"folder\": path|null}\n"
       "  forms: {\"form\": \"frmX\", one of \"set\" (applied in the order written), \"click\",\n"
-      "         \"dblclick\", \"focus\", \"close\", \"key\", \"caret\", \"node\", \"item\", \"tab\", \"dump\"}\n"
+      "         \"dblclick\", \"focus\", \"close\", \"key\", \"caret\", \"node\", \"item\", \"label\", \"tab\", \"dump\"}\n"
       "  tool windows: {\"convertToHtml\": \"Module1\"} or {\"component\", \"procedure\", \"kind\"}\n"
       "  records: {\"dumpBar\": true}  {\"dump\": \"models\"} (what the scans know of the project)\n"
       "\n"
