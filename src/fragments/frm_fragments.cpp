@@ -175,15 +175,12 @@ void FrmFragments::Init(const vba::Variant& folder, const vba::Variant& file) {
 
 void FrmFragments::Build() {
   const std::wstring wantedFolder = state_.folder, wantedFile = state_.file;
-  root_ = std::make_unique<settings::Folder>(s_);
-  root_->InitFolder(WithoutFinalSlash(settings::FragmentsFolderGet(s_)), L"*.bas;*.lnk");
+  const std::wstring root = WithoutFinalSlash(settings::FragmentsFolderGet(s_));
   tvFiles.Nodes().Clear();
-  folders_.clear();
-  ui::Node& top = tvFiles.Nodes().Add(root_->FullPath(), root_->Name(), L"FolderClosed");
+  ui::Node& top = tvFiles.Nodes().Add(root, io::FileNameOf(root), L"FolderClosed");
   top.SetTag(L"Folder");
-  folders_[root_->FullPath()] = root_.get();
   FragmentFolders available(s_);
-  FolderToTreeView(*root_, top, available);
+  FolderToTreeView(root, top, available);
   top.SetExpanded(true);
   ui::Node* node = wantedFolder.empty() ? nullptr : tvFiles.Nodes().Find(wantedFolder);
   if (!node) node = &top;
@@ -198,33 +195,47 @@ void FrmFragments::Build() {
   MenusUpdate();
 }
 
-void FrmFragments::FolderToTreeView(const settings::Folder& folder, ui::Node& node, const FragmentFolders& available) {
-  for (const auto& sub : folder.folders) {
-    if (!available.Available(sub->FullPath())) continue;
-    ui::Node& child = tvFiles.Nodes().Add(&node, ui::tvwChild, sub->FullPath(), sub->Name(), L"FolderClosed");
+// The tree holds the folders only; a folder's files are read when it is shown, so that a
+// large library opens at once.
+void FrmFragments::FolderToTreeView(const std::wstring& path, ui::Node& node, const FragmentFolders& available) {
+  std::vector<io::DirEntry> entries;
+  try {
+    entries = s_.platform.Files().List(path + L"\\");
+  } catch (const vba::Error& e) {
+    kernel::HandleError(s_, e, 0, L"frmFragments.FolderToTreeView");
+    return;
+  }
+  for (const io::DirEntry& entry : entries) {
+    if (!entry.isFolder) continue;
+    const std::wstring sub = path + L"\\" + entry.name;
+    if (!available.Available(sub)) continue;
+    ui::Node& child = tvFiles.Nodes().Add(&node, ui::tvwChild, sub, entry.name, L"FolderClosed");
     child.SetTag(L"Folder");
-    folders_[sub->FullPath()] = sub.get();
-    FolderToTreeView(*sub, child, available);
+    FolderToTreeView(sub, child, available);
   }
 }
 
 void FrmFragments::ItemsAdd(const std::wstring& folderPath) {
   lvList.Items().Clear();
-  auto found = folders_.find(folderPath);
-  if (found != folders_.end()) {
-    const settings::Folder& folder = *found->second;
-    std::vector<const settings::File*> shortcuts;
-    for (const auto& file : folder.files) {
-      if (vba::EqualsText(file->Extension(), L"lnk")) shortcuts.push_back(file.get());
-      else if (!lvList.Items().Find(file->FullName())) lvList.Items().Add(file->FullName(), file->Name());
-    }
-    for (const settings::File* shortcut : shortcuts) {
-      std::wstring target = ShortCutTargetPath(s_, shortcut->FullName());
-      if (target.empty() || !s_.platform.Files().FileExists(target) || lvList.Items().Find(target)) continue;
-      ui::ListItem& item = lvList.Items().Add(target, ShortcutText(*shortcut));
-      item.SetTag(shortcut->FullName());
-      item.SetForeColor(kShortcutColor);
-    }
+  io::FileSystem& files = s_.platform.Files();
+  // A folder that went away since the tree was read lists nothing.
+  std::vector<io::DirEntry> entries;
+  if (files.FolderExists(folderPath)) entries = files.List(folderPath + L"\\");
+  std::vector<std::wstring> shortcuts;
+  for (const io::DirEntry& entry : entries) {
+    if (entry.isFolder) continue;
+    const std::wstring full = folderPath + L"\\" + entry.name;
+    const std::wstring extension = io::ExtensionOf(entry.name);
+    if (vba::EqualsText(extension, L".lnk")) shortcuts.push_back(full);
+    else if (vba::EqualsText(extension, L".bas") && !lvList.Items().Find(full))
+      lvList.Items().Add(full, entry.name.substr(0, entry.name.size() - 4));
+  }
+  for (const std::wstring& shortcut : shortcuts) {
+    std::wstring target = ShortCutTargetPath(s_, shortcut);
+    if (target.empty() || !files.FileExists(target) || lvList.Items().Find(target)) continue;
+    ui::ListItem& item = lvList.Items().Add(target, ShortcutText(settings::File(s_, shortcut)));
+    item.SetTag(shortcut);
+    item.SetForeColor(kShortcutColor);
   }
   if (lvList.Items().Count() > 0) {
     ui::ListItem& first = lvList.Items().Item(1);

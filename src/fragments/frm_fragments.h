@@ -78,7 +78,7 @@ class FrmFragments : public kernel::BuilderForm {
 
  private:
   void Build();
-  void FolderToTreeView(const settings::Folder& folder, ui::Node& node, const FragmentFolders& available);
+  void FolderToTreeView(const std::wstring& path, ui::Node& node, const FragmentFolders& available);
   void ItemsAdd(const std::wstring& folder);
   void Preview(ui::ListItem& item);
   void ButtonsUpdate();
@@ -103,8 +103,6 @@ class FrmFragments : public kernel::BuilderForm {
 
   kernel::Session& s_;
   FragmentsState& state_;
-  std::unique_ptr<settings::Folder> root_;
-  std::map<std::wstring, const settings::Folder*, vba::TextLess> folders_;
   std::wstring pendingDeclaration_;
   int busy_ = 0;  // the dialog itself moves the caret: the key handler holds off
   std::wstring moveSource_;
