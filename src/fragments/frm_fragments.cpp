@@ -3,6 +3,7 @@
 #include "fragments/fragment_library.h"
 #include "fragments/frm_fragment_editor.h"
 #include "generators/fragment_insert.h"
+#include "generators/frm_const.h"
 #include "generators/fragment_vars.h"
 #include "generators/scope.h"
 #include "generators/templates.h"
@@ -258,7 +259,6 @@ void FrmFragments::Preview(ui::ListItem& item) {
     std::wstring module, procedure, type;
     generators::Substitute(s_, text, module, procedure, type);
     state_.file = item.Key();
-    pendingDeclaration_.clear();
     ++busy_;
     rtxtContent.SetText(text);
     ui::Colorize(rtxtContent);
@@ -381,36 +381,37 @@ void FrmFragments::ShowList(const std::wstring& token) {
     input.Init();
     ui::ShowPopUpForm(rtxtContent, *this, input);
     if (input.CloseKey() != ui::vbKeyReturn || input.EnteredText().empty()) return;
-    ReplaceVar(type == L"String" ? generators::ValueQuote(input.EnteredText(), type) : input.EnteredText(), type);
+    ReplaceVar(type == L"String" ? generators::ValueQuote(input.EnteredText(), type) : input.EnteredText());
   } else if (choice == L"<New Variable>") {
     const generators::VariableBuilderHooks& hooks = generators::VariableBuilderHooksOf(s_);
     if (!hooks.newVariable) return kernel::NotAvailable(s_, L"the Variable Builder");
     std::wstring chosen;
     long category = 0;
-    if (hooks.newVariable(s_, this, false, type, chosen, category)) ReplaceVar(chosen, type);
+    if (hooks.newVariable(s_, this, false, type, chosen, category)) ReplaceVar(chosen);
   } else if (choice == L"<New Constant>") {
-    std::optional<std::wstring> given =
-        s_.uiHost.InputBox(L"Value of constant " + name, kernel::kAppName, value);
-    if (!given || given->empty()) return;
-    AddPendingDeclaration(generators::FragmentDeclarationLine(type, name, generators::ValueQuote(*given, type)));
-    ReplaceVar(name, type);
+    // The Constant Builder writes the constant and hands its name back.
+    struct Parent : generators::DeclParent {
+      std::wstring name;
+      void ArgInsert(const std::wstring& n, const std::wstring&) override { name = n; }
+    } parent;
+    generators::FrmConst builder(s_);
+    builder.SetParentForm(&parent);
+    builder.Init(type, value);
+    builder.txtName.SetText(name);
+    builder.Show(true);
+    if (!parent.name.empty()) ReplaceVar(parent.name);
   } else {
-    ReplaceVar(choice, type);
+    ReplaceVar(choice);
   }
 }
 
-void FrmFragments::ReplaceVar(const std::wstring& value, const std::wstring&) {
+void FrmFragments::ReplaceVar(const std::wstring& value) {
   std::wstring token = rtxtContent.SelText();
   if (token.empty()) return;
   std::wstring text = rtxtContent.Text();
   long first = vba::InStr(text, token, vba::Compare::Text);
   text = vba::Replace(text, token, value, 1, -1, vba::Compare::Text);
   long caret = first > 0 ? first - 1 + static_cast<long>(value.size()) : 0;
-  if (!pendingDeclaration_.empty()) {
-    text = pendingDeclaration_ + L"\r\n" + text;
-    caret += static_cast<long>(pendingDeclaration_.size()) + 2;
-    pendingDeclaration_.clear();
-  }
   ++busy_;
   rtxtContent.SetText(text);
   ui::Colorize(rtxtContent);

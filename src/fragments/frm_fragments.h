@@ -44,12 +44,9 @@ class FrmFragments : public kernel::BuilderForm {
   // caret stands outside every token. A brace inside a string literal of its line is no
   // token's brace.
   static std::optional<std::pair<long, long>> TokenAt(std::wstring_view text, long caret);
-  // Puts `value` for every occurrence of the token selected in rtxtContent, as the pick
-  // list does when the user chooses; a string value of a "String" token is quoted.
-  void ReplaceVar(const std::wstring& value, const std::wstring& type);
-  // A declaration the Variable Builder wrote while filling a token goes at the head of the
-  // text.
-  void AddPendingDeclaration(const std::wstring& line) { pendingDeclaration_ = line; }
+  // Puts `value` for every occurrence (any case) of the token selected in rtxtContent, as
+  // the pick list does when the user chooses; the caret goes behind the first one.
+  void ReplaceVar(const std::wstring& value);
   // Moves splitter 1 (tree | list) or 2 (list | text) to `x` twips.
   void MoveSplitter(int which, long x);
 
@@ -103,7 +100,6 @@ class FrmFragments : public kernel::BuilderForm {
 
   kernel::Session& s_;
   FragmentsState& state_;
-  std::wstring pendingDeclaration_;
   int busy_ = 0;  // the dialog itself moves the caret: the key handler holds off
   std::wstring moveSource_;
   Splitter split1_, split2_;

@@ -124,21 +124,20 @@ TEST_F(Builder, AnEmptyFolderEmptiesThePreviewAndDisablesInsert) {
   EXPECT_FALSE(f.mnuRename.Enabled());
 }
 
-TEST_F(Builder, AChosenValueReplacesEveryOccurrenceAndAPendingDeclarationLeadsTheText) {
+TEST_F(Builder, AChosenValueReplacesEveryOccurrenceAndTheCaretGoesBehindTheFirst) {
   Write("vbcode/Fragments/Loops/For Next.bas", "For {LONG:i} = 1 To {LONG:n}\r\nNext {long:I}\r\n");
   FrmFragments f(session);
   f.Init(vba::Variant(Path(L"Loops")));
   f.Show(false);
   f.rtxtContent.Find(L"{LONG:i}");
-  f.ReplaceVar(L"k", L"Long");
+  f.ReplaceVar(L"k");
   EXPECT_EQ(f.rtxtContent.Text(), L"For k = 1 To {LONG:n}\r\nNext k\r\n");
   EXPECT_EQ(f.rtxtContent.SelStart(), 5);  // behind the first value put in
   EXPECT_EQ(f.lstVars.ListCount(), 1);
   f.rtxtContent.Find(L"{LONG:n}");
-  f.AddPendingDeclaration(L"Const cN As Long = 3");
-  f.ReplaceVar(L"cN", L"Long");
-  EXPECT_EQ(f.rtxtContent.Text(), L"Const cN As Long = 3\r\nFor k = 1 To cN\r\nNext k\r\n");
-  EXPECT_EQ(f.rtxtContent.SelStart(), 22 + 15);
+  f.ReplaceVar(L"cN");
+  EXPECT_EQ(f.rtxtContent.Text(), L"For k = 1 To cN\r\nNext k\r\n");
+  EXPECT_EQ(f.rtxtContent.SelStart(), 15);
   EXPECT_EQ(f.lstVars.ListCount(), 0);
 }
 
