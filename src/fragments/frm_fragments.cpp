@@ -499,7 +499,8 @@ void FrmFragments::OpenEditor(bool isNew) {
   FrmFragmentEditor editor(s_);
   editor.Init(isNew ? std::wstring() : item->Key(), folder, isNew);
   editor.Show(true);
-  if (!editor.SavedFile().empty()) Rebuild(folder, editor.SavedFile());
+  // The list shows the folder the fragment was saved in, with the fragment chosen.
+  if (!editor.SavedFile().empty()) Rebuild(WithoutFinalSlash(io::FolderOf(editor.SavedFile())), editor.SavedFile());
 }
 
 void FrmFragments::Rebuild(const std::wstring& folder, const std::wstring& file) {

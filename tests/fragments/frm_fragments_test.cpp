@@ -193,6 +193,26 @@ TEST_F(Builder, ThePopUpMenusAndTheOpenLabelAreToldToTheFrontEnds) {
   EXPECT_EQ(f.lvList.Items().Item(1).Text(), L"For Next");
 }
 
+TEST_F(Builder, ANewFragmentSavedInAnotherFolderIsShownThereChosen) {
+  Write("vbcode/Fragments/Loops/For Next.bas", "Next\r\n");
+  Write("vbcode/Fragments/Mine/keep.txt", "");
+  FrmFragments f(session);
+  f.Init(vba::Variant(Path(L"Loops")));
+  f.Show(false);
+  uiHost.QueueAction([&] {
+    ui::Form& editor = ui::UserInput::FindForm(ui, L"frmFragmentEditor");
+    ui::UserInput::Set(editor, L"txtContent", nlohmann::json("Beep"));
+    uiHost.AnswerFile(Path(L"Mine\\Bell"));
+    ui::UserInput::Click(*editor.Find(L"cmdSave"));
+    ui::UserInput::Click(*editor.Find(L"cmdClose"));
+  });
+  ui::UserInput::Click(f.cmdNew);
+  EXPECT_EQ(f.tvFiles.SelectedItem()->Key(), Path(L"Mine"));
+  ASSERT_TRUE(f.lvList.SelectedItem());
+  EXPECT_EQ(f.lvList.SelectedItem()->Text(), L"Bell");
+  EXPECT_EQ(f.rtxtContent.Text(), L"Beep");
+}
+
 struct Editor : Builder {
   FrmFragmentEditor editor{session};
 };
