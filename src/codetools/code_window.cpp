@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "codetools/com_dlg.h"
+#include "ui/com_dlg.h"
 #include "io/paths.h"
 #include "settings/folders.h"
 #include "kernel/errors.h"
@@ -96,9 +96,9 @@ bool ImportFile(kernel::Session& s) {
   kernel::Trap(s, L"basCommands.ImportFile", [&] {
     auto project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
     if (!project) return;
-    ComDlg dlg(s);
+    ui::ComDlg dlg(s.uiHost);
     dlg.Directory = settings::CodeFolderGet(s);
-    dlg.Filter = ComDlg::FilterOf({{L"VB Files (*.bas, *.frm, *.cls)", L"*.bas;*.frm;*.cls"},
+    dlg.Filter = ui::ComDlg::FilterOf({{L"VB Files (*.bas, *.frm, *.cls)", L"*.bas;*.frm;*.cls"},
                                    {L"Basic Files (*.bas)", L"*.bas"},
                                    {L"Form Files (*.frm)", L"*.frm"},
                                    {L"Class Files (*.cls)", L"*.cls"},
@@ -128,8 +128,8 @@ bool ExportFile(kernel::Session& s) {
       case host::kActiveXDesigner: kind = {L"Designer Files (*.dsr)", L"*.dsr"}, extension = L"dsr"; break;
       default: return;
     }
-    ComDlg dlg(s);
-    dlg.Filter = ComDlg::FilterOf({kind, {L"All Files (*.*)", L"*.*"}});
+    ui::ComDlg dlg(s.uiHost);
+    dlg.Filter = ui::ComDlg::FilterOf({kind, {L"All Files (*.*)", L"*.*"}});
     dlg.Extension = extension;
     dlg.Directory = settings::CodeFolderGet(s);
     dlg.DialogTitle = L"Export File";

@@ -1,6 +1,6 @@
 #include "codetools/vb2html.h"
 
-#include "codetools/vba_scan.h"
+#include "vba/vba_scan.h"
 #include "vba/strings.h"
 #include "vba/text.h"
 
@@ -34,10 +34,10 @@ class HtmlWriter {
 
   std::size_t Word(std::size_t start, std::size_t length, std::size_t at) {
     std::wstring_view word = text_.substr(start, length);
-    KeywordHit hit = LookUpKeyword(word);
+    vba::KeywordHit hit = vba::LookUpKeyword(word);
     if (hit.function) Tagged(L"<font color=#000000>", *hit.function);
     if (hit.statement) Tagged(L"<font color=#000080>", *hit.statement);
-    if (IsRemWord(word)) return Rem(at);
+    if (vba::IsRemWord(word)) return Rem(at);
     if (!hit.function && !hit.statement) out.append(word);
     return at;
   }
@@ -110,7 +110,7 @@ class HtmlWriter {
 
 std::wstring VB2HTML(std::wstring_view code) {
   HtmlWriter writer(code);
-  ScanVba(code, writer);
+  vba::ScanVba(code, writer);
   return std::move(writer.out);
 }
 

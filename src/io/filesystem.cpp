@@ -66,6 +66,14 @@ bool IsFile(const fs::path& p) {
   return fs::is_regular_file(p, ec);
 }
 
+// A file without its owner's write permission carries the read-only attribute of Windows:
+// it can be read and renamed, but not written over, appended to or deleted, whoever runs
+// the program.
+bool ReadOnlyFile(const fs::path& p) {
+  struct stat st {};
+  return ::stat(p.c_str(), &st) == 0 && S_ISREG(st.st_mode) && (st.st_mode & S_IWUSR) == 0;
+}
+
 bool Present(const fs::path& p) {
   std::error_code ec;
   return fs::exists(fs::symlink_status(p, ec));
@@ -277,7 +285,9 @@ void MappedFileSystem::WriteFiles(const std::vector<FileWrite>& files) {
       if (!ec) real = linked;
     }
     fs::path folder = real.parent_path();
-    long failure = IsDir(real) ? long{vba::kErrPathFileAccess} : !IsDir(folder) ? long{vba::kErrPathNotFound} : 0L;
+    long failure = IsDir(real) || ReadOnlyFile(real) ? long{vba::kErrPathFileAccess}
+                   : !IsDir(folder)                  ? long{vba::kErrPathNotFound}
+                                                     : 0L;
     fs::path temp;
     int raw = -1;
     for (int attempt = 0; !failure && raw < 0 && attempt < 100; ++attempt) {
@@ -323,7 +333,7 @@ void MappedFileSystem::WriteFiles(const std::vector<FileWrite>& files) {
 void MappedFileSystem::AppendFile(std::wstring_view path, std::string_view bytes) {
   EnsureRoot(drives_, zIsRoot_, path);
   fs::path real = RealPath(path);
-  if (IsDir(real)) Fail(vba::kErrPathFileAccess, path);
+  if (IsDir(real) || ReadOnlyFile(real)) Fail(vba::kErrPathFileAccess, path);
   if (!IsDir(real.parent_path())) Fail(vba::kErrPathNotFound, path);
   Fd fd(::open(real.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
   if (fd.get() < 0 || !WriteAll(fd.get(), bytes)) Fail(NumberOfErrno(errno), path);
@@ -331,7 +341,7 @@ void MappedFileSystem::AppendFile(std::wstring_view path, std::string_view bytes
 
 void MappedFileSystem::DeleteFile(std::wstring_view path) {
   fs::path real = RealPath(path);
-  if (IsDir(real)) Fail(vba::kErrPathFileAccess, path);
+  if (IsDir(real) || ReadOnlyFile(real)) Fail(vba::kErrPathFileAccess, path);
   if (!Present(real)) Fail(vba::kErrFileNotFound, path);
   if (::unlink(real.c_str()) != 0) Fail(NumberOfErrno(errno), path);
 }
@@ -372,13 +382,22 @@ std::vector<DirEntry> MappedFileSystem::List(std::wstring_view folder) const {
   std::vector<DirEntry> entries;
   std::error_code ec;
   for (fs::directory_iterator it(real, ec), end; !ec && it != end; it.increment(ec))
-    entries.push_back({NameOf(it->path()), IsDir(it->path())});
+  {
+    std::error_code kind;  // a link to nothing is a file here, as Windows lists it
+    entries.push_back({NameOf(it->path()), it->is_directory(kind)});
+  }
   if (ec) Fail(NumberOfErrno(ec.value()), folder);
-  std::sort(entries.begin(), entries.end(), [](const DirEntry& a, const DirEntry& b) {
-    int c = vba::CompareText(a.name, b.name);
-    return c != 0 ? c < 0 : a.name < b.name;
+  // Each name's upper case is made once, not at every comparison of the sort.
+  std::vector<std::pair<std::wstring, std::size_t>> order;
+  order.reserve(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) order.emplace_back(vba::UCase(entries[i].name), i);
+  std::sort(order.begin(), order.end(), [&](const auto& a, const auto& b) {
+    return a.first != b.first ? a.first < b.first : entries[a.second].name < entries[b.second].name;
   });
-  return entries;
+  std::vector<DirEntry> sorted;
+  sorted.reserve(entries.size());
+  for (const auto& [upper, i] : order) sorted.push_back(std::move(entries[i]));
+  return sorted;
 }
 
 }  // namespace quillet::io

@@ -65,6 +65,10 @@ std::wstring File::ReadFile() {
 
 bool FileNameMatches(std::wstring_view name, std::wstring_view pattern) {
   if (pattern == L"*.*" || pattern == L"*") return true;
+  // The common "*.ext": an ending compared without regard to case, no pattern to compile.
+  if (pattern.size() > 2 && pattern.substr(0, 2) == L"*." && pattern.find_first_of(L"*?#[", 1) == std::wstring_view::npos)
+    return name.size() >= pattern.size() - 1 &&
+           vba::EqualsText(name.substr(name.size() - (pattern.size() - 1)), pattern.substr(1));
   std::wstring like;
   for (wchar_t c : pattern) {
     // Only "*" and "?" are wildcards here; what Like would read otherwise stands for itself.
@@ -88,27 +92,28 @@ void Folder::InitFolder(std::wstring_view path, std::wstring_view filter) {
   files.Clear();
   folders.Clear();
   kernel::Trap(s_, L"clsFolder.InitFolder", [&] {
-    GetFiles(filter_);
-    GetFolders();
+    // One listing of the folder serves its files and its subfolders.
+    std::vector<io::DirEntry> entries = s_.platform.Files().List(fullPath_ + L"\\");
+    GetFiles(filter_, entries);
+    GetFolders(entries);
   });
 }
 
-void Folder::GetFiles(std::wstring_view filter) {
+void Folder::GetFiles(std::wstring_view filter, const std::vector<io::DirEntry>& entries) {
   std::vector<std::wstring> patterns = vba::Split(filter, L";");
   if (vba::Trim(filter).empty()) patterns = {L"*.*"};
-  std::vector<io::DirEntry> entries = s_.platform.Files().List(fullPath_ + L"\\");
   for (const auto& raw : patterns) {
     std::wstring pattern = vba::Trim(raw);
     if (pattern.empty()) continue;
     for (const auto& entry : entries) {
-      if (entry.isFolder || files.Exists(entry.name) || !FileNameMatches(entry.name, pattern)) continue;
+      if (entry.isFolder || !FileNameMatches(entry.name, pattern) || files.Exists(entry.name)) continue;
       files.Add(std::make_shared<File>(s_, fullPath_ + L"\\" + entry.name), entry.name);
     }
   }
 }
 
-void Folder::GetFolders() {
-  for (const auto& entry : s_.platform.Files().List(fullPath_ + L"\\")) {
+void Folder::GetFolders(const std::vector<io::DirEntry>& entries) {
+  for (const auto& entry : entries) {
     if (!entry.isFolder || entry.name == L"." || entry.name == L".." || folders.Exists(entry.name)) continue;
     auto sub = std::make_shared<Folder>(s_);
     sub->InitFolder(fullPath_ + L"\\" + entry.name, filter_);

@@ -6,6 +6,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "io/filesystem.h"
 
 #include "kernel/session.h"
 #include "vba/collection.h"
@@ -68,8 +71,8 @@ class Folder {
   void InitFolder(std::wstring_view path, std::wstring_view filter);
 
  private:
-  void GetFiles(std::wstring_view filter);
-  void GetFolders();
+  void GetFiles(std::wstring_view filter, const std::vector<io::DirEntry>& entries);
+  void GetFolders(const std::vector<io::DirEntry>& entries);
 
   kernel::Session& s_;
   std::wstring fullPath_;

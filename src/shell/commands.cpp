@@ -6,6 +6,7 @@
 
 #include "codetools/code_window.h"
 #include "codetools/numbering.h"
+#include "fragments/frm_fragments.h"
 #include "generators/dispatcher_commands.h"
 #include "generators/frm_class.h"
 #include "generators/frm_const.h"
@@ -66,16 +67,28 @@ const std::map<std::wstring, std::pair<std::wstring, std::wstring>, vba::TextLes
   return table;
 }
 
-// Handlers that open a builder, with their forwarding twins of the menu.
-const std::map<std::wstring, std::wstring, vba::TextLess>& Builders() {
-  static const std::map<std::wstring, std::wstring, vba::TextLess> table = {
-      {L"mnuhAddProcedure", L"frmProcedure"}, {L"mnuhQLTAddProcedure", L"frmProcedure"},
-      {L"mnuhAddConstant", L"frmConst"},      {L"mnuhConstAdd", L"frmConst"},
-      {L"mnuhAddVariable", L"frmVar"},        {L"mnuhDimAdd", L"frmVar"},
-      {L"mnuhAddClass", L"frmClass"},         {L"mnuhQLTAddClass", L"frmClass"},
-      {L"mnuhAddProperty", L"frmProperty"},   {L"mnuhPropAdd", L"frmProperty"},
-      {L"mnuhCodeLines", L"frmCodeLineTLI"},  {L"mnuhQLTCodeLines", L"frmCodeLineTLI"},
-      {L"mnuhFragmentAdd", L"frmFragments"},  {L"mnuhQLTAddFragment", L"frmFragments"},
+// Handlers that open a builder, with their forwarding twins of the menu. A builder of a
+// later version has no opener and says so.
+struct Builder {
+  const wchar_t* form;
+  void (*open)(kernel::Session& s);
+};
+const std::map<std::wstring, Builder, vba::TextLess>& Builders() {
+  static const Builder procedure{L"frmProcedure", generators::ProcedureBuilderOpen};
+  static const Builder constant{L"frmConst", generators::ConstBuilderOpen};
+  static const Builder variable{L"frmVar", generators::VarBuilderOpen};
+  static const Builder klass{L"frmClass", generators::ClassBuilderOpen};
+  static const Builder property{L"frmProperty", generators::PropertyBuilderOpen};
+  static const Builder codeLine{L"frmCodeLineTLI", nullptr};
+  static const Builder fragment{L"frmFragments", [](kernel::Session& s) { fragments::FragmentBuilderOpen(s); }};
+  static const std::map<std::wstring, Builder, vba::TextLess> table = {
+      {L"mnuhAddProcedure", procedure}, {L"mnuhQLTAddProcedure", procedure},
+      {L"mnuhAddConstant", constant},   {L"mnuhConstAdd", constant},
+      {L"mnuhAddVariable", variable},   {L"mnuhDimAdd", variable},
+      {L"mnuhAddClass", klass},         {L"mnuhQLTAddClass", klass},
+      {L"mnuhAddProperty", property},   {L"mnuhPropAdd", property},
+      {L"mnuhCodeLines", codeLine},     {L"mnuhQLTCodeLines", codeLine},
+      {L"mnuhFragmentAdd", fragment},   {L"mnuhQLTAddFragment", fragment},
   };
   return table;
 }
@@ -133,13 +146,9 @@ void Connect::Handle(const std::wstring& handler, const host::Ptr<host::CommandB
     return kernel::FormOpen(s, std::make_unique<settings::FrmSettings>(s), o);
   }
   if (auto it = Builders().find(handler); it != Builders().end()) {
-    if (it->second == L"frmVar") return generators::VarBuilderOpen(s);
-    if (it->second == L"frmConst") return generators::ConstBuilderOpen(s);
-    if (it->second == L"frmProcedure") return generators::ProcedureBuilderOpen(s);
-    if (it->second == L"frmProperty") return generators::PropertyBuilderOpen(s);
-    if (it->second == L"frmClass") return generators::ClassBuilderOpen(s);
+    if (it->second.open) return it->second.open(s);
     if (!kernel::CodeWindowActive(s)) return;
-    return kernel::NotAvailable(s, L"the builder " + it->second);
+    return kernel::NotAvailable(s, L"the builder " + std::wstring(it->second.form));
   }
   if (vba::EqualsText(handler, L"mnuhDirectAccess") || vba::EqualsText(handler, L"mnuhShortcutsAndSearch")) {
     if (s.directAccessWindow) s.directAccessWindow->SetVisible(true);

@@ -3,6 +3,7 @@
 #include "ui/buttons.h"
 #include "ui/list_controls.h"
 #include "ui/list_view.h"
+#include "ui/menu.h"
 #include "ui/rich_text_box.h"
 #include "ui/static_controls.h"
 #include "ui/tab_strip.h"

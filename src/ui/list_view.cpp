@@ -152,7 +152,11 @@ void ListView::DescribeInto(nlohmann::json& out) const {
                      {"subItems", std::move(subItems)},
                      {"tag", vba::ToUtf8(i->Tag())},
                      {"selected", i->Selected()}});
+    // Only a colour of its own is told: the common case stays short.
+    if (i->ForeColor() != vbWindowText) items.back()["foreColor"] = i->ForeColor();
   }
+  // The item whose label the user is editing: a front-end opens its text for typing.
+  if (editing_) out["editing"] = vba::ToUtf8(editing_->Key().empty() ? editing_->Text() : editing_->Key());
   out["columns"] = std::move(columns);
   out["items"] = std::move(items);
   out["view"] = view_;

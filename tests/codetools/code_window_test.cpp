@@ -5,7 +5,7 @@
 
 #include "../support/fixtures.h"
 #include "codetools/code_window.h"
-#include "codetools/com_dlg.h"
+#include "ui/com_dlg.h"
 #include "io/project_folder.h"
 
 using namespace quillet;

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "../support/fixtures.h"
-#include "codetools/colorize.h"
+#include "ui/colorize.h"
 #include "codetools/vb2html.h"
-#include "codetools/vba_scan.h"
+#include "vba/vba_scan.h"
 #include "codetools/view_html.h"
 #include "ui/form.h"
 #include "ui/rich_text_box.h"
@@ -51,13 +51,13 @@ TEST(VbToHtml, RemMakesTheRestOfTheTextOneComment) {
 }
 
 TEST(VbToHtml, KeywordListsKeepTheirOrderAndFirstSpelling) {
-  EXPECT_TRUE(codetools::FunctionWords().starts_with(L"*Abs*Add*AddItem*"));
-  EXPECT_TRUE(codetools::StatementWords().ends_with(L"*Xor*Nothing*To*"));
-  EXPECT_EQ(*codetools::LookUpKeyword(L"DOEVENTS").function, L"DoEvents");
-  EXPECT_EQ(codetools::LookUpKeyword(L"DoEvents").statement, nullptr);
-  EXPECT_EQ(*codetools::LookUpKeyword(L"rset").statement, L"RSet");
-  EXPECT_EQ(codetools::LookUpKeyword(L"End If").statement, nullptr);  // a word has no blank
-  EXPECT_EQ(codetools::LookUpKeyword(L"Dimension").statement, nullptr);
+  EXPECT_TRUE(vba::FunctionWords().starts_with(L"*Abs*Add*AddItem*"));
+  EXPECT_TRUE(vba::StatementWords().ends_with(L"*Xor*Nothing*To*"));
+  EXPECT_EQ(*vba::LookUpKeyword(L"DOEVENTS").function, L"DoEvents");
+  EXPECT_EQ(vba::LookUpKeyword(L"DoEvents").statement, nullptr);
+  EXPECT_EQ(*vba::LookUpKeyword(L"rset").statement, L"RSet");
+  EXPECT_EQ(vba::LookUpKeyword(L"End If").statement, nullptr);  // a word has no blank
+  EXPECT_EQ(vba::LookUpKeyword(L"Dimension").statement, nullptr);
 }
 
 TEST(VbToHtml, PageTemplateTokensAreReplacedInOrder) {
@@ -108,18 +108,18 @@ TEST_F(ViewHtml, ColorizePaintsTheBoxWithTheSameScan) {
   ui::RichTextBox& box = frm.rtxtContent;
   box.SetText(L"Dim s ' {AUTHOR}\r\ns = \"Dim\" & {DATE}<cursor>\r\nRem x\r\nLen");
   box.Select(3, 2);
-  codetools::Colorize(box);
+  ui::Colorize(box);
   auto colorAt = [&](long p) { return box.FormatAt(p).color; };
-  EXPECT_EQ(colorAt(0), codetools::StatementColor());     // Dim
-  EXPECT_EQ(colorAt(6), codetools::CommentColor());       // the comment, token and all
-  EXPECT_EQ(colorAt(13), codetools::CommentColor());
+  EXPECT_EQ(colorAt(0), ui::StatementColor());     // Dim
+  EXPECT_EQ(colorAt(6), ui::CommentColor());       // the comment, token and all
+  EXPECT_EQ(colorAt(13), ui::CommentColor());
   EXPECT_EQ(colorAt(24), 0);                               // "Dim" in a string
-  EXPECT_EQ(colorAt(31), codetools::TokenColor());        // {DATE}
+  EXPECT_EQ(colorAt(31), ui::TokenColor());        // {DATE}
   EXPECT_TRUE(box.FormatAt(37).bold);                     // <cursor>
   EXPECT_TRUE(box.FormatAt(43).bold);
   EXPECT_FALSE(box.FormatAt(44).bold);
-  EXPECT_EQ(colorAt(47), codetools::CommentColor());      // Rem to the line end
-  EXPECT_EQ(colorAt(53), codetools::FunctionColor());  // the line behind is no comment
+  EXPECT_EQ(colorAt(47), ui::CommentColor());      // Rem to the line end
+  EXPECT_EQ(colorAt(53), ui::FunctionColor());  // the line behind is no comment
   EXPECT_EQ(box.SelStart(), 0);
   EXPECT_EQ(box.SelLength(), 0);
 }

@@ -128,5 +128,31 @@ TEST(MappedFileSystem, RaisesTheErrorsOfFileStatements) {
   EXPECT_FALSE(fs.Exists(L"C:\\Work\\Full"));
 }
 
+TEST(MappedFileSystem, AReadOnlyFileIsReadAndRenamedButNeitherWrittenNorDeleted) {
+  TempDrives d;
+  d.Put("c/Work/locked.txt", "kept");
+  ::chmod((d.root() / "c/Work/locked.txt").c_str(), 0444);
+  MappedFileSystem& fs = d.files();
+  EXPECT_EQ(fs.ReadFile(L"C:\\Work\\locked.txt"), "kept");
+  EXPECT_EQ(Caught([&] { fs.WriteFile(L"C:\\Work\\locked.txt", "x"); }).Number(), vba::kErrPathFileAccess);
+  EXPECT_EQ(Caught([&] { fs.WriteFiles({{L"C:\\Work\\other.txt", "y"}, {L"C:\\Work\\LOCKED.txt", "x"}}); }).Number(),
+            vba::kErrPathFileAccess);
+  EXPECT_FALSE(fs.FileExists(L"C:\\Work\\other.txt"));  // all or nothing
+  EXPECT_EQ(Caught([&] { fs.AppendFile(L"C:\\Work\\locked.txt", "x"); }).Number(), vba::kErrPathFileAccess);
+  EXPECT_EQ(Caught([&] { fs.DeleteFile(L"C:\\Work\\locked.txt"); }).Number(), vba::kErrPathFileAccess);
+  EXPECT_EQ(d.Get("c/Work/locked.txt"), "kept");
+  fs.Rename(L"C:\\Work\\locked.txt", L"C:\\Work\\still.txt");
+  EXPECT_EQ(d.Get("c/Work/still.txt"), "kept");
+}
+
+TEST(MappedFileSystem, ListsInNameOrderWithoutRegardToCaseThenByExactName) {
+  TempDrives d;
+  for (const char* name : {"c/W/b.txt", "c/W/B2.txt", "c/W/a.TXT", "c/W/Z/x", "c/W/\xc3\xa9t\xc3\xa9.txt", "c/W/E.txt"})
+    d.Put(name, "");
+  std::vector<std::wstring> names;
+  for (const DirEntry& e : d.files().List(L"C:\\W")) names.push_back(e.name);
+  EXPECT_EQ(names, (std::vector<std::wstring>{L"a.TXT", L"b.txt", L"B2.txt", L"E.txt", L"Z", L"\u00e9t\u00e9.txt"}));
+}
+
 }  // namespace
 }  // namespace quillet::io

@@ -84,6 +84,10 @@ TEST(FileNameMatches, TheDirectorySearchPatterns) {
   EXPECT_TRUE(FileNameMatches(L"README", L"*.*"));
   EXPECT_TRUE(FileNameMatches(L"x.BAS", L"*.bas"));
   EXPECT_FALSE(FileNameMatches(L"x.bas.txt", L"*.bas"));
+  EXPECT_FALSE(FileNameMatches(L"x.bas.lnk", L"*.bas"));
+  EXPECT_TRUE(FileNameMatches(L".bas", L"*.bas"));
+  EXPECT_FALSE(FileNameMatches(L"bas", L"*.bas"));
+  EXPECT_FALSE(FileNameMatches(L"xbas", L"*.bas"));
   EXPECT_TRUE(FileNameMatches(L"README", L"READ*.*"));
   EXPECT_TRUE(FileNameMatches(L"a#1.bas", L"a#?.bas"));
   EXPECT_FALSE(FileNameMatches(L"a11.bas", L"a#?.bas"));

@@ -17,7 +17,7 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
                        "convertToHtml"};
-const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "tab", "dump", "focus", "close"};
+const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "label", "tab", "dump", "focus", "close"};
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
 bool Has(const Keys& keys, const std::string& k) { return std::find(keys.begin(), keys.end(), k) != keys.end(); }
@@ -206,7 +206,7 @@ void FormStep(const json& step, const std::string& label) {
     Text(v["control"], w + ".control");
     Integer(v["start"], w + ".start", 0, INT32_MAX);
     if (v.contains("length")) Integer(v["length"], w + ".length", 0, INT32_MAX);
-  } else if (a == "node" || a == "item") {
+  } else if (a == "node" || a == "item" || a == "label") {
     TextMap(v, w);
   } else if (a == "tab") {
     if (!v.is_object()) Refuse(w, "expected an object of tab strips and tab numbers");
@@ -361,7 +361,7 @@ void HostObjects(const json& v, const std::string& where) {
 void CheckScenario(const json& s) {
   if (!s.is_object()) throw UnreadableInput{"a scenario is a JSON object"};
   Object(s, "the scenario",
-         {"description", "expect", "now", "bareHome", "home", "files", "settings", "firstRun", "registry", "testing",
+         {"description", "expect", "now", "bareHome", "home", "files", "readOnly", "settings", "firstRun", "registry", "testing",
           "hosts", "hostObjects", "projects", "active", "clipboard", "start", "steps"});
   if (s.contains("description")) Text(s["description"], "\"description\"");
   if (s.contains("now")) Text(s["now"], "\"now\"");
@@ -369,6 +369,10 @@ void CheckScenario(const json& s) {
     if (s.contains(k)) Flag(s[k], Member("", k));
   if (s.contains("home")) TextMap(s["home"], "\"home\"");
   if (s.contains("files")) TextMap(s["files"], "\"files\"");
+  if (s.contains("readOnly")) {
+    if (!s["readOnly"].is_array()) Refuse("\"readOnly\"", "expected an array of full Windows paths");
+    for (std::size_t i = 0; i < s["readOnly"].size(); ++i) Text(s["readOnly"][i], Entry("\"readOnly\"", i));
+  }
   if (s.contains("settings")) ScalarMap(s["settings"], "\"settings\"");
   if (s.contains("registry")) Registry(s["registry"], "\"registry\"");
   if (s.contains("hosts")) {

@@ -233,6 +233,16 @@ void ScenarioRunner::SetupHome(const json& s) {
       sandbox_.Write(p, content.get<std::string>());
     }
   }
+  if (s.contains("readOnly")) {
+    // The read-only attribute: the owner's write permission taken away.
+    for (const auto& entry : s["readOnly"]) {
+      std::wstring p = W(entry);
+      if (!io::IsAbsoluteWindowsPath(p) || !sandbox_.Files().FileExists(p))
+        throw UnreadableInput{"\"readOnly\": \"" + entry.get<std::string>() + "\" is no file of the scenario"};
+      std::filesystem::permissions(sandbox_.Files().RealPath(p), std::filesystem::perms::owner_write,
+                                   std::filesystem::perm_options::remove);
+    }
+  }
   if (s.value("testing", false)) sandbox_.Write(io::JoinPath(kProgramFolder, L"testing.txt"), "");
   SetupSettings(s.value("firstRun", false), s.contains("settings") ? s["settings"] : json::object());
 }

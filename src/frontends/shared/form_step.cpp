@@ -47,6 +47,12 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
     }
   } else if (step.contains("item")) {
     for (const auto& [name, key] : step["item"].items()) ui::UserInput::ClickItem(controlOf(json(name)), W(key));
+  } else if (step.contains("label")) {
+    for (const auto& [name, text] : step["label"].items()) {
+      auto* view = dynamic_cast<ui::ListView*>(&controlOf(json(name)));
+      if (!view) throw BadFormStep{name + " is no list view"};
+      ui::UserInput::EditLabel(*view, W(text));
+    }
   } else if (step.contains("tab")) {
     for (const auto& [name, index] : step["tab"].items()) {
       auto* strip = dynamic_cast<ui::TabStrip*>(&controlOf(json(name)));
@@ -54,7 +60,7 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
       ui::UserInput::ChooseTab(*strip, index.get<int>());
     }
   } else {
-    throw BadFormStep{"a form action sets, clicks, dblclicks, closes, focuses, keys, carets, nodes, items or tabs"};
+    throw BadFormStep{"a form action sets, clicks, dblclicks, closes, focuses, keys, carets, nodes, items, labels or tabs"};
   }
 }
 

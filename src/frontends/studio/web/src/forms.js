@@ -120,8 +120,9 @@ export class Forms {
     const body = el('div', { class: 'fbody' });
     win.append(title, body);
     const boxes = new Map();
+    const menus = f.controls.filter((c) => c.kind === 'Menu');
     for (const c of f.controls) {
-      if (c.kind === 'Timer') continue;
+      if (c.kind === 'Timer' || c.kind === 'Menu') continue;
       const e = this.drawControl(f, c);
       e.classList.add('ctl', 'k-' + c.kind);
       e.dataset.name = c.name;
@@ -134,6 +135,8 @@ export class Forms {
       boxes.set(c.name, e);
       const parent = c.container && boxes.get(c.container);
       (parent ? parent.querySelector(':scope > .inner') || parent : body).append(e);
+      const popup = menus.find((m) => m.popupFor === c.name);
+      if (popup && c.enabled) e.addEventListener('contextmenu', (ev) => this.popupMenu(ev, f, popup, menus));
     }
     const holder = el('div', { class: f.modal ? 'modal-shade' : 'modeless' }, win);
     holder.style.zIndex = String(10 + order * 2);
@@ -268,8 +271,25 @@ export class Forms {
         if (c.columns && c.columns.length)
           table.append(el('thead', {}, el('tr', {}, ...c.columns.map((col) => el('th', { text: col.text })))));
         const body = el('tbody');
+        const colour = (bgr) => `rgb(${bgr & 255},${(bgr >> 8) & 255},${(bgr >> 16) & 255})`;
         for (const item of c.items || []) {
-          const tr = el('tr', { class: item.selected ? 'on' : '' }, el('td', { text: item.text }),
+          const first = el('td', { text: item.text });
+          if (item.foreColor !== undefined && item.foreColor >= 0) first.style.color = colour(item.foreColor);
+          if (c.editing !== undefined && c.editing === (item.key || item.text)) {
+            // The label open for editing: Enter gives the new text, Escape keeps the old one.
+            const input = el('input', { type: 'text', value: item.text });
+            input.addEventListener('keydown', (e) => {
+              if (e.key === 'Enter' || e.key === 'Escape') {
+                e.preventDefault();
+                e.stopPropagation();
+                send({ label: { [c.name]: e.key === 'Enter' ? input.value : item.text } });
+              }
+            });
+            first.textContent = '';
+            first.append(input);
+            setTimeout(() => input.select(), 0);
+          }
+          const tr = el('tr', { class: item.selected ? 'on' : '' }, first,
                         ...(item.subItems || []).map((s) => el('td', { text: s })));
           tr.addEventListener('click', () => send({ item: { [c.name]: item.key || item.text } }));
           tr.addEventListener('dblclick', () => send({ dblclick: c.name }));
@@ -292,6 +312,30 @@ export class Forms {
       default:
         return el('div', { text: c.kind });
     }
+  }
+
+  // A pop-up menu of the form at the mouse: its entries, a click on one is the user's choice.
+  popupMenu(ev, f, popup, menus) {
+    ev.preventDefault();
+    document.querySelectorAll('.popup-menu').forEach((m) => m.remove());
+    const list = el('div', { class: 'popup-menu', role: 'menu' });
+    for (const entry of menus.filter((m) => m.menu === popup.name && m.visible)) {
+      const b = el('button', { type: 'button', role: 'menuitem', text: plainCaption(entry.caption || entry.name) });
+      b.disabled = !entry.enabled;
+      b.addEventListener('click', () => {
+        list.remove();
+        this.send(f.form, { click: entry.name });
+      });
+      list.append(b);
+    }
+    list.style.left = ev.clientX + 'px';
+    list.style.top = ev.clientY + 'px';
+    document.body.append(list);
+    const close = (e) => {
+      if (!list.contains(e.target)) list.remove();
+      if (!list.isConnected) document.removeEventListener('mousedown', close, true);
+    };
+    document.addEventListener('mousedown', close, true);
   }
 
   // A locked rich text box shows its text with the colours and styles of its runs.

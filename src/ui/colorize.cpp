@@ -1,12 +1,12 @@
-#include "codetools/colorize.h"
+#include "ui/colorize.h"
 
 #include <cwchar>
 
-#include "codetools/vba_scan.h"
+#include "vba/vba_scan.h"
 #include "ui/constants.h"
 #include "vba/text.h"
 
-namespace quillet::codetools {
+namespace quillet::ui {
 namespace {
 
 class BoxPainter {
@@ -15,10 +15,10 @@ class BoxPainter {
 
   std::size_t Word(std::size_t start, std::size_t length, std::size_t at) {
     std::wstring_view word = std::wstring_view(text_).substr(start, length);
-    KeywordHit hit = LookUpKeyword(word);
+    vba::KeywordHit hit = vba::LookUpKeyword(word);
     if (hit.function) Paint(start, length, FunctionColor());
     if (hit.statement) Paint(start, length, StatementColor());
-    if (IsRemWord(word)) {
+    if (vba::IsRemWord(word)) {
       // A comment up to the line end; the scan goes on there.
       std::size_t end = LineEnd(start);
       Paint(start, end - start, CommentColor());
@@ -78,8 +78,8 @@ void Colorize(ui::RichTextBox& box) {
   box.SetSelBold(false);
   box.Select(0, 0);
   BoxPainter painter(box);
-  ScanVba(box.Text(), painter);
+  vba::ScanVba(box.Text(), painter);
   box.Select(0, 0);
 }
 
-}  // namespace quillet::codetools
+}  // namespace quillet::ui

@@ -6,7 +6,7 @@
 //   Colorize(frm.rtxtContent);   // the caller has switched drawing off
 #include "ui/rich_text_box.h"
 
-namespace quillet::codetools {
+namespace quillet::ui {
 
 long CommentColor();    // 0, 127, 0
 long FunctionColor();   // 0, 0, 0
@@ -15,4 +15,4 @@ long TokenColor();      // 128, 0, 128
 
 void Colorize(ui::RichTextBox& box);
 
-}  // namespace quillet::codetools
+}  // namespace quillet::ui

@@ -1,7 +1,7 @@
 #pragma once
 // The open and save file dialogs, with the properties classic code sets on them. Filters
 // are pairs of text and pattern, each ended by a zero character:
-//   ComDlg dlg(s);
+//   ComDlg dlg(s.uiHost);
 //   dlg.Filter = ComDlg::FilterOf({{L"Basic Files (*.bas)", L"*.bas"}, {L"All Files (*.*)", L"*.*"}});
 //   dlg.DialogTitle = L"Export File";
 //   dlg.ShowSave();            // dlg.FileName holds the choice, "" when cancelled
@@ -11,14 +11,13 @@
 #include <utility>
 #include <vector>
 
-#include "kernel/session.h"
 #include "ui/ui_host.h"
 
-namespace quillet::codetools {
+namespace quillet::ui {
 
 class ComDlg {
  public:
-  explicit ComDlg(kernel::Session& s) : s_(s) {}
+  explicit ComDlg(UiHost& host) : host_(host) {}
 
   std::wstring Filter;
   int FilterIndex = 1;
@@ -43,7 +42,7 @@ class ComDlg {
   ui::FileDialogRequest Request() const;
   bool Chosen(const std::optional<std::wstring>& answer);
 
-  kernel::Session& s_;
+  UiHost& host_;
 };
 
-}  // namespace quillet::codetools
+}  // namespace quillet::ui

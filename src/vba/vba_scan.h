@@ -20,7 +20,7 @@
 #include <string>
 #include <string_view>
 
-namespace quillet::codetools {
+namespace quillet::vba {
 
 // The keyword lists in the form "*word*word*...*", as the system keeps them.
 const std::wstring& FunctionWords();
@@ -75,4 +75,4 @@ void ScanVba(std::wstring_view text, Sink& sink) {
   sink.End(last);
 }
 
-}  // namespace quillet::codetools
+}  // namespace quillet::vba

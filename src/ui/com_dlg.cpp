@@ -1,8 +1,8 @@
-#include "codetools/com_dlg.h"
+#include "ui/com_dlg.h"
 
 #include "io/paths.h"
 
-namespace quillet::codetools {
+namespace quillet::ui {
 
 std::wstring ComDlg::FilterOf(const std::vector<std::pair<std::wstring, std::wstring>>& pairs) {
   std::wstring filter;
@@ -48,8 +48,8 @@ bool ComDlg::Chosen(const std::optional<std::wstring>& answer) {
   return !FileName.empty();
 }
 
-bool ComDlg::ShowOpen() { return Chosen(s_.uiHost.OpenFile(Request())); }
+bool ComDlg::ShowOpen() { return Chosen(host_.OpenFile(Request())); }
 
-bool ComDlg::ShowSave() { return Chosen(s_.uiHost.SaveFile(Request())); }
+bool ComDlg::ShowSave() { return Chosen(host_.SaveFile(Request())); }
 
-}  // namespace quillet::codetools
+}  // namespace quillet::ui

@@ -1,9 +1,9 @@
-#include "codetools/vba_scan.h"
+#include "vba/vba_scan.h"
 
 #include <array>
 #include <vector>
 
-namespace quillet::codetools {
+namespace quillet::vba {
 namespace {
 
 std::wstring Listed(std::initializer_list<const wchar_t*> words) {
@@ -134,4 +134,4 @@ bool IsRemWord(std::wstring_view word) {
   return word.size() == 3 && Folded(word[0]) == L'r' && Folded(word[1]) == L'e' && Folded(word[2]) == L'm';
 }
 
-}  // namespace quillet::codetools
+}  // namespace quillet::vba
