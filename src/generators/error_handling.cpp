@@ -9,6 +9,7 @@
 #include "generators/var_const_code.h"
 #include "kernel/code_edit.h"
 #include "kernel/errors.h"
+#include "kernel/position.h"
 #include "settings/file_objects.h"
 #include "settings/folders.h"
 #include "settings/items.h"
@@ -74,11 +75,7 @@ bool ModuleConstantAdd(kernel::Session& s, const std::wstring& module, bool quie
   const std::wstring constant = Item(s, settings::kModuleNameConstant);
   // The declarations looked at are those of the module the constant goes to.
   host::Ptr<host::CodeModule> code = pane->CodeModule();
-  if (host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject()) {
-    host::Ptr<host::VBComponents> components = project->VBComponents();
-    for (long i = 1; i <= components->Count(); ++i)
-      if (vba::EqualsText(components->Item(i)->Name(), module)) code = components->Item(i)->CodeModule();
-  }
+  if (host::Ptr<host::VBComponent> component = kernel::ModuleFind(s, module)) code = component->CodeModule();
   const long declarations = code->CountOfDeclarationLines();
   if (declarations > 0 && Has(code->Lines(1, declarations), L"Const " + constant)) return true;
   if (quiet) return false;

@@ -109,13 +109,13 @@ void FrmArgument::Init(std::shared_ptr<clsArgument> argument, const std::wstring
     chkByVal(underEdit_ && underEdit_->IsByVal);
     if (underEdit_) {
       txtName.SetText(underEdit_->Name);
-      chkOptional.SetValue(underEdit_->IsOptional ? ui::vbChecked : ui::vbUnchecked);
-      chkArray.SetValue(underEdit_->IsArray ? ui::vbChecked : ui::vbUnchecked);
-      chkParamArray.SetValue(underEdit_->IsParamArray ? ui::vbChecked : ui::vbUnchecked);
+      chkOptional.SetChecked(underEdit_->IsOptional);
+      chkArray.SetChecked(underEdit_->IsArray);
+      chkParamArray.SetChecked(underEdit_->IsParamArray);
       cboDefaultValue.SetText(underEdit_->DefaultValue);
     }
     settingState_ = false;
-    if (chkParamArray.Value() == ui::vbChecked) ParamArrayClicked();
+    if (chkParamArray.Checked()) ParamArrayClicked();
     else OptionalClicked();
   });
 }
@@ -132,7 +132,7 @@ void FrmArgument::chkByVal_Enabled(bool enabled) { optByVal0.SetEnabled(enabled)
 void FrmArgument::ParamArrayClicked() {
   if (settingState_) return;
   settingState_ = true;
-  const bool on = chkParamArray.Value() == ui::vbChecked;
+  const bool on = chkParamArray.Checked();
   chkOptional.SetValue(ui::vbUnchecked);
   chkOptional.SetEnabled(!on);
   cboDefaultValue.SetText(L"");
@@ -147,7 +147,7 @@ void FrmArgument::ParamArrayClicked() {
 
 void FrmArgument::OptionalClicked() {
   if (settingState_) return;
-  const bool on = chkOptional.Value() == ui::vbChecked;
+  const bool on = chkOptional.Checked();
   chkArray.SetEnabled(!on);
   chkParamArray.SetEnabled(!on);
   cboDefaultValue.SetEnabled(on);
@@ -239,7 +239,7 @@ bool FrmArgument::PressOK(bool andNew) {
     a->Name = name;
     a->ValueType = type;
     a->IsByVal = chkByVal();
-    a->IsOptional = chkOptional.Value() == ui::vbChecked;
+    a->IsOptional = chkOptional.Checked();
     a->DefaultValue.clear();
     if (a->IsOptional) {
       const std::wstring value = vba::Trim(cboDefaultValue.Text());
@@ -252,8 +252,8 @@ bool FrmArgument::PressOK(bool andNew) {
         a->DefaultValue = ValueAsCode(s_, vba::Variant(value), kind, scope.ModuleConsts, scope.ProcConsts);
       }
     }
-    a->IsArray = chkArray.Value() == ui::vbChecked;
-    a->IsParamArray = chkParamArray.Value() == ui::vbChecked;
+    a->IsArray = chkArray.Checked();
+    a->IsParamArray = chkParamArray.Checked();
     if (!underEdit_) {
       a->Number = arguments.Count() + 1;
       arguments.Add(a);

@@ -100,8 +100,8 @@ FrmClass::FrmClass(kernel::Session& s)
   lvMethods.OnDblClick = [this] { MethodEdit(false); };
   cmdDelMethod.OnClick = [this] { MethodDelete(); };
   chkMakeColClass.OnClick = [this] {
-    lblColClassName.SetEnabled(chkMakeColClass.Value() == 1);
-    txtColClassName.SetEnabled(chkMakeColClass.Value() == 1);
+    lblColClassName.SetEnabled(chkMakeColClass.Checked());
+    txtColClassName.SetEnabled(chkMakeColClass.Checked());
   };
   txtClassName.OnChange = [this] { changed_ = true; };
   txtDescription.OnChange = [this] { changed_ = true; };
@@ -248,10 +248,10 @@ bool FrmClass::NameAccepted(ui::TextBox& box) {
 
 bool FrmClass::PressCreate() {
   if (!NameAccepted(txtClassName)) return false;
-  if (chkMakeColClass.Value() == 1 && !NameAccepted(txtColClassName)) return false;
+  if (chkMakeColClass.Checked() && !NameAccepted(txtColClassName)) return false;
   class_.Name = ClassName();
   class_.Description = txtDescription.Text();
-  class_.MakeCollectionClass = chkMakeColClass.Value() == 1;
+  class_.MakeCollectionClass = chkMakeColClass.Checked();
   class_.CollectionClassName = vba::Trim(txtColClassName.Text());
   // The members' error handlers name the module through its constant: it is declared once.
   class_.ModuleNameConstant = false;

@@ -1,10 +1,13 @@
 #include "generators/frm_decl_builder.h"
 
+#include <algorithm>
+
 #include "generators/frm_input_box.h"
 #include "generators/scope.h"
 #include "generators/selection.h"
 #include "generators/var_const_code.h"
 #include "kernel/position.h"
+#include "settings/error_handlers.h"
 #include "settings/name_checks.h"
 #include "ui/ui_host.h"
 #include "vba/strings.h"
@@ -61,6 +64,13 @@ void ModulesListFill(kernel::Session& s, ui::ComboBox& combo) {
     combo.AddItem(name);
     if (name == active) combo.SetListIndex(combo.NewIndex());
   }
+}
+
+void ErrorHandlersListFill(kernel::Session& s, ui::ComboBox& combo, const std::wstring& chosen) {
+  combo.Clear();
+  combo.AddItem(L"");
+  for (const std::wstring& name : settings::ErrorHandlersList(s)) combo.AddItem(name);
+  combo.SetListIndex(chosen.empty() ? 0 : std::max(0, combo.FindStringExact(chosen)));
 }
 
 void DeclBuilder::ModulesListFill() { generators::ModulesListFill(s_, cboModule); }

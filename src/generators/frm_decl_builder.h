@@ -39,6 +39,9 @@ class DeclParent {
 
 // "<New Module>", "<New Class Module>", then the project's modules; the active one chosen.
 void ModulesListFill(kernel::Session& s, ui::ComboBox& combo);
+// An empty entry, then the error-handling schemes of the ErrorHandlers folder; `chosen`
+// selected, the empty entry when it is not among them.
+void ErrorHandlersListFill(kernel::Session& s, ui::ComboBox& combo, const std::wstring& chosen);
 
 class DeclBuilder : public kernel::BuilderForm {
  public:

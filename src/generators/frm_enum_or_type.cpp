@@ -5,6 +5,7 @@
 #include "generators/frm_item_add.h"
 #include "generators/scope.h"
 #include "kernel/errors.h"
+#include "kernel/position.h"
 #include "settings/name_checks.h"
 #include "vba/strings.h"
 #include "vba/text.h"
@@ -25,12 +26,7 @@ std::vector<settings::NameLookup> BlockNameLookups(kernel::Session& s) {
         if (vba::EqualsText(t->Name, name)) return true;
     return false;
   };
-  auto inComponents = [&s](std::wstring_view name) {
-    host::Ptr<host::VBComponents> components = s.vbe->ActiveVBProject()->VBComponents();
-    for (long i = 1; i <= components->Count(); ++i)
-      if (vba::EqualsText(components->Item(i)->Name(), name)) return true;
-    return false;
-  };
+  auto inComponents = [&s](std::wstring_view name) { return kernel::ModuleExists(s, name); };
   return {inComponents, inBlocks};
 }
 

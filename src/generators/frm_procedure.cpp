@@ -9,7 +9,6 @@
 #include "kernel/errors.h"
 #include "kernel/position.h"
 #include "kernel/product.h"
-#include "settings/error_handlers.h"
 #include "settings/items.h"
 #include "settings/name_checks.h"
 #include "ui/ui_host.h"
@@ -23,23 +22,7 @@ constexpr std::wstring_view kNewModule = L"<New Module>";
 constexpr std::wstring_view kNewClassModule = L"<New Class Module>";
 constexpr std::wstring_view kNone = L"(none)";
 
-// A setting read as a truth value: "true", "yes", "-1" and "1" in any case are true.
-bool SettingTrue(const kernel::Session& s, int item) {
-  const vba::Variant& v = s.settings[item];
-  if (v.kind() == vba::Variant::Kind::String) return settings::IniTruth(vba::LCase(vba::Trim(v.ToString()))).value_or(false);
-  return v.ToBool();
-}
-
 int Checked(bool on) { return on ? ui::vbChecked : ui::vbUnchecked; }
-
-host::Ptr<host::VBComponent> ComponentOf(kernel::Session& s, const std::wstring& name) {
-  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
-  if (!project) return nullptr;
-  host::Ptr<host::VBComponents> components = project->VBComponents();
-  for (long i = 1; i <= components->Count(); ++i)
-    if (vba::EqualsText(components->Item(i)->Name(), name)) return components->Item(i);
-  return nullptr;
-}
 
 }  // namespace
 
@@ -198,12 +181,12 @@ void FrmProcedure::InitMethod(std::shared_ptr<clsProcedure> method,
     else cboReturnValueType.SetText(m.ReturnValueType);
   }
   txtDescription.SetText(m.Description);
-  chkAddHeader.SetValue(Checked(m.IncludeComment));
+  chkAddHeader.SetChecked(m.IncludeComment);
   const int handler = m.IncludeErrorHandler ? cboAddErrorHandler.FindStringExact(m.ErrorHandlerFile) : 0;
   cboAddErrorHandler.SetListIndex(handler < 0 ? 0 : handler);
-  chkAddHourglass.SetValue(Checked(m.IncludeHourglass));
-  chkAddModuleConstant.SetValue(Checked(m.ModuleNameConstant));
-  chkAddProcedureConstant.SetValue(Checked(m.ProcedureNameConstant));
+  chkAddHourglass.SetChecked(m.IncludeHourglass);
+  chkAddModuleConstant.SetChecked(m.ModuleNameConstant);
+  chkAddProcedureConstant.SetChecked(m.ProcedureNameConstant);
   returnStatementWanted_ = Checked(m.AddReturnStatement);
   separateLinesWanted_ = Checked(m.ArgumentsOnSeparateLine);
   ArgumentsList();
@@ -220,32 +203,30 @@ void FrmProcedure::LoadCombos() {
   cboStatic.SetListIndex(0);
   ModulesListFill(s_, cboModule);
   analysis::DataTypeList(s_, ModelsOf(s_), ScopeOf(s_).ModuleEnums, cboReturnValueType, kNone, {.addNone = true});
-  cboAddErrorHandler.Clear();
-  cboAddErrorHandler.AddItem(L"");
-  for (const std::wstring& name : settings::ErrorHandlersList(s_)) cboAddErrorHandler.AddItem(name);
+  ErrorHandlersListFill(s_, cboAddErrorHandler, {});
   AccessibilityComboBoxFill();
 }
 
 void FrmProcedure::GetOptions() {
   using namespace settings;
   const bool m = method_;
-  chkAddHeader.SetValue(Checked(SettingTrue(s_, m ? kAddHeaderMethod : kAddHeaderProcedure)));
+  chkAddHeader.SetChecked(settings::ItemOn(s_, m ? kAddHeaderMethod : kAddHeaderProcedure));
   const std::wstring handler = s_.settings[m ? kAddErrorHandlingMethod : kAddErrorHandlingProcedure].ToString();
   int at = handler.empty() ? 0 : cboAddErrorHandler.FindStringExact(handler);
   cboAddErrorHandler.SetListIndex(at < 0 ? 0 : at);
-  chkAddHourglass.SetValue(Checked(SettingTrue(s_, m ? kAddHourglassMethod : kAddHourglassProcedure)));
+  chkAddHourglass.SetChecked(settings::ItemOn(s_, m ? kAddHourglassMethod : kAddHourglassProcedure));
   chkAddHourglass.SetEnabled(HourglassAvailable(s_));
-  chkAddProcedureConstant.SetValue(Checked(SettingTrue(s_, m ? kAddMethodConstant : kAddProcedureConstant)));
-  chkAddModuleConstant.SetValue(Checked(SettingTrue(s_, m ? kAddModuleConstantMethod : kAddModuleConstantProcedure)));
-  separateLinesWanted_ = Checked(SettingTrue(s_, kArgumentsOnSeparateLines));
-  returnStatementWanted_ = Checked(SettingTrue(s_, kAddReturnStatement));
+  chkAddProcedureConstant.SetChecked(settings::ItemOn(s_, m ? kAddMethodConstant : kAddProcedureConstant));
+  chkAddModuleConstant.SetChecked(settings::ItemOn(s_, m ? kAddModuleConstantMethod : kAddModuleConstantProcedure));
+  separateLinesWanted_ = Checked(settings::ItemOn(s_, kArgumentsOnSeparateLines));
+  returnStatementWanted_ = Checked(settings::ItemOn(s_, kAddReturnStatement));
 }
 
 bool FrmProcedure::ModuleIsClass() const {
   if (method_) return true;
   const std::wstring module = vba::Trim(cboModule.Text());
   if (vba::EqualsText(module, kNewClassModule)) return true;
-  host::Ptr<host::VBComponent> c = ComponentOf(s_, module);
+  host::Ptr<host::VBComponent> c = kernel::ModuleFind(s_, module);
   return c && c->Type() == host::kClassModule;
 }
 
@@ -349,7 +330,7 @@ bool FrmProcedure::TargetModuleGet() {
     if (!answer || vba::Trim(*answer).empty()) return false;
     name = vba::Trim(*answer);
     kind = cls ? host::kClassModule : host::kStdModule;
-  } else if (host::Ptr<host::VBComponent> c = ComponentOf(s_, name)) {
+  } else if (host::Ptr<host::VBComponent> c = kernel::ModuleFind(s_, name)) {
     p.ModuleName = c->Name();
     p.ModuleType = c->Type();
     return true;
@@ -367,7 +348,7 @@ bool FrmProcedure::TargetModuleGet() {
 bool FrmProcedure::ProcBuild() {
   clsProcedure& p = *procedure_;
   p.Name = vba::Trim(p.Name);
-  host::Ptr<host::VBComponent> target = method_ ? nullptr : ComponentOf(s_, p.ModuleName);
+  host::Ptr<host::VBComponent> target = method_ ? nullptr : kernel::ModuleFind(s_, p.ModuleName);
   const long answer = settings::CheckNewNameIsOK(s_, p.Name, false, false,
                                                  {ModuleProcsLookup(target ? target->CodeModule() : nullptr)});
   if (answer == ui::vbCancel || answer == settings::kErrNameMissing) {
@@ -408,16 +389,16 @@ bool FrmProcedure::PressOk() {
     p.ProcType = cboProcType.Text();
     p.PropertyType.clear();
     p.AccessibleType = Accessibility();
-    p.IncludeComment = chkAddHeader.Value() == ui::vbChecked;
+    p.IncludeComment = chkAddHeader.Checked();
     p.IncludeErrorHandler = HasErrorHandler();
     p.ErrorHandlerFile = cboAddErrorHandler.Text();
-    p.IncludeHourglass = chkAddHourglass.Value() == ui::vbChecked;
-    p.ModuleNameConstant = chkAddModuleConstant.Value() == ui::vbChecked;
-    p.ProcedureNameConstant = chkAddProcedureConstant.Value() == ui::vbChecked;
-    p.AddReturnStatement = chkAddReturnStatement.Value() == ui::vbChecked;
+    p.IncludeHourglass = chkAddHourglass.Checked();
+    p.ModuleNameConstant = chkAddModuleConstant.Checked();
+    p.ProcedureNameConstant = chkAddProcedureConstant.Checked();
+    p.AddReturnStatement = chkAddReturnStatement.Checked();
     p.IsStatic = IsStatic();
     p.Description = txtDescription.Text();
-    p.ArgumentsOnSeparateLine = chkArgumentsOnSeparateLine.Value() == ui::vbChecked;
+    p.ArgumentsOnSeparateLine = chkArgumentsOnSeparateLine.Checked();
     if (!ProcBuild()) return;
     if (!method_) {
       host::Ptr<host::VBProject> project = s_.vbe ? s_.vbe->ActiveVBProject() : nullptr;

@@ -10,10 +10,8 @@
 #include "kernel/errors.h"
 #include "kernel/position.h"
 #include "kernel/product.h"
-#include "settings/error_handlers.h"
 #include "settings/items.h"
 #include "settings/name_checks.h"
-#include "settings/settings_controls.h"
 #include "ui/ui_host.h"
 #include "vba/like.h"
 #include "vba/strings.h"
@@ -22,16 +20,6 @@ namespace quillet::generators {
 
 namespace {
 
-host::Ptr<host::VBComponent> ComponentNamed(kernel::Session& s, const std::wstring& name) {
-  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
-  if (!project || name.empty()) return nullptr;
-  host::Ptr<host::VBComponents> components = project->VBComponents();
-  for (long i = 1; i <= components->Count(); ++i)
-    if (vba::EqualsText(components->Item(i)->Name(), name)) return components->Item(i);
-  return nullptr;
-}
-
-int SettingCheck(kernel::Session& s, int item) { return settings::TruthValue(s.settings[item].ToString(), true); }
 
 }  // namespace
 
@@ -112,8 +100,8 @@ void FrmProperty::Init(const clsProperty* edited) {
   analysis::DataTypeList(s_, ModelsOf(s_), ScopeOf(s_).ModuleEnums, cboDataType,
                          edited ? p.DataType : std::wstring(L"String"), {});
   if (edited) cboDataType.SetText(p.DataType);
-  chkGet.SetValue(p.GetPart ? 1 : 0);
-  chkSet.SetValue(p.SetPart ? 1 : 0);
+  chkGet.SetChecked(p.GetPart);
+  chkSet.SetChecked(p.SetPart);
   cboStatic.Clear();
   cboStatic.AddItem(L"");
   cboStatic.AddItem(L"Static");
@@ -121,22 +109,19 @@ void FrmProperty::Init(const clsProperty* edited) {
   ModulesFill();
   AccessibilityFill();
   if (edited) cboAccessibility.SetListIndex(cboAccessibility.FindStringExact(p.AccessibleType));
-  cboAddErrorHandler.Clear();
-  cboAddErrorHandler.AddItem(L"");
-  for (const std::wstring& name : settings::ErrorHandlersList(s_)) cboAddErrorHandler.AddItem(name);
-  std::wstring handler = edited ? p.ErrorHandlerFile : s_.settings[settings::kAddErrorHandlingProperty].ToString();
-  cboAddErrorHandler.SetListIndex(std::max(0, cboAddErrorHandler.FindStringExact(handler)));
+  ErrorHandlersListFill(s_, cboAddErrorHandler,
+                        edited ? p.ErrorHandlerFile : s_.settings[settings::kAddErrorHandlingProperty].ToString());
   chkAddHourglass.SetEnabled(HourglassAvailable(s_));
   if (edited) {
     txtName.SetText(p.Name);
     txtDescription.SetText(p.Description);
-    chkAddHeader.SetValue(p.IncludeHeader ? 1 : 0);
-    chkAddHourglass.SetValue(p.IncludeHourglass ? 1 : 0);
-    chkAddProcedureConstant.SetValue(p.ProcedureNameConstant ? 1 : 0);
-    chkAddModuleConstant.SetValue(p.ModuleNameConstant ? 1 : 0);
+    chkAddHeader.SetChecked(p.IncludeHeader);
+    chkAddHourglass.SetChecked(p.IncludeHourglass);
+    chkAddProcedureConstant.SetChecked(p.ProcedureNameConstant);
+    chkAddModuleConstant.SetChecked(p.ModuleNameConstant);
   } else {
-    chkAddProcedureConstant.SetValue(SettingCheck(s_, settings::kAddPropertyConstant));
-    chkAddModuleConstant.SetValue(SettingCheck(s_, settings::kAddModuleConstantProperty));
+    chkAddProcedureConstant.SetChecked(settings::ItemOn(s_, settings::kAddPropertyConstant));
+    chkAddModuleConstant.SetChecked(settings::ItemOn(s_, settings::kAddModuleConstantProperty));
   }
 }
 
@@ -160,7 +145,7 @@ void FrmProperty::AccessibilityFill() {
   cboAccessibility.AddItem(L"");
   cboAccessibility.AddItem(L"Public");
   cboAccessibility.AddItem(L"Private");
-  host::Ptr<host::VBComponent> c = ComponentNamed(s_, vba::Trim(cboModule.Text()));
+  host::Ptr<host::VBComponent> c = kernel::ModuleFind(s_, vba::Trim(cboModule.Text()));
   if (parent_ || vba::Like(cboModule.Text(), L"<New*") || (c && c->Type() != host::kStdModule))
     cboAccessibility.AddItem(L"Friend");
   int i = cboAccessibility.FindStringExact(was);
@@ -174,17 +159,17 @@ clsProperty FrmProperty::FromControls() const {
   p.DataType = vba::Trim(cboDataType.Text());
   int t = cboDataType.FindStringExact(p.DataType);
   p.DataType2 = t >= 0 ? cboDataType.ItemData(t) : 0;
-  p.GetPart = chkGet.Value() == 1;
-  p.SetPart = chkSet.Value() == 1;
+  p.GetPart = chkGet.Checked();
+  p.SetPart = chkSet.Checked();
   p.AccessibleType = cboAccessibility.Text();
   p.IsStatic = cboStatic.Text() == L"Static";
   p.Description = txtDescription.Text();
   p.ErrorHandlerFile = cboAddErrorHandler.Text();
   p.IncludeErrorHandler = !p.ErrorHandlerFile.empty();
-  p.IncludeHeader = chkAddHeader.Value() == 1;
-  p.IncludeHourglass = chkAddHourglass.Enabled() && chkAddHourglass.Value() == 1;
-  p.ProcedureNameConstant = chkAddProcedureConstant.Value() == 1;
-  p.ModuleNameConstant = chkAddModuleConstant.Value() == 1;
+  p.IncludeHeader = chkAddHeader.Checked();
+  p.IncludeHourglass = chkAddHourglass.Enabled() && chkAddHourglass.Checked();
+  p.ProcedureNameConstant = chkAddProcedureConstant.Checked();
+  p.ModuleNameConstant = chkAddModuleConstant.Checked();
   return p;
 }
 
@@ -194,7 +179,7 @@ bool FrmProperty::NameAccepted(const std::wstring& name, const std::wstring& mod
     const clsProperty* except = edited_;
     PropertyParent* parent = parent_;
     lookups.push_back([parent, except](std::wstring_view n) { return parent->PropertyExists(std::wstring(n), except); });
-  } else if (host::Ptr<host::VBComponent> c = ComponentNamed(s_, module)) {
+  } else if (host::Ptr<host::VBComponent> c = kernel::ModuleFind(s_, module)) {
     lookups.push_back(ModuleProcsLookup(c->CodeModule()));
   }
   long answer = settings::CheckNewNameIsOK(s_, name, false, false, lookups);
@@ -209,7 +194,7 @@ std::wstring FrmProperty::TargetModule() {
   std::optional<std::wstring> answer = s_.uiHost.InputBox(L"Name of Class Module", kernel::kAppName, L"");
   std::wstring name = answer ? vba::Trim(*answer) : std::wstring();
   if (name.empty()) return {};
-  if (ComponentNamed(s_, name)) return name;
+  if (kernel::ModuleFind(s_, name)) return name;
   if (s_.uiHost.MsgBox(L"Create class module " + name, ui::vbOKCancel | ui::vbQuestion, kernel::kAppName) !=
       ui::vbOK)
     return {};

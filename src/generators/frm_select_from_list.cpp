@@ -90,12 +90,12 @@ FrmSelectFromList::FrmSelectFromList(kernel::Session& s)
   lstList.OnClick = [this] { ListClick(); };
   cboVarlist.OnClick = [this] { VarlistClick(); };
   chkAddCaseElse.OnClick = [this] {
-    bool on = chkAddCaseElse.Value() == ui::vbChecked;
+    bool on = chkAddCaseElse.Checked();
     txtCaseElse.SetEnabled(on);
     txtCaseElse.SetText(on ? s_.settings[settings::kCodeCaseElse].ToString() : L"");
   };
   chkReturnValues.OnClick = [this] {
-    bool on = chkReturnValues.Value() == ui::vbChecked;
+    bool on = chkReturnValues.Checked();
     if (on) {
       chkAddCaseElse.SetValue(ui::vbChecked);
       chkSingleCase.SetValue(ui::vbUnchecked);
@@ -103,7 +103,7 @@ FrmSelectFromList::FrmSelectFromList(kernel::Session& s)
     chkCompact.SetEnabled(on);
   };
   chkSingleCase.OnClick = [this] {
-    if (chkSingleCase.Value() == ui::vbChecked) chkReturnValues.SetValue(ui::vbUnchecked);
+    if (chkSingleCase.Checked()) chkReturnValues.SetValue(ui::vbUnchecked);
   };
 }
 
@@ -118,7 +118,7 @@ void FrmSelectFromList::Init(const vba::Variant& command) {
                                                              &chkReturnValues, &chkAddCaseElse, &txtCaseElse})
     c->SetVisible(fromEnum);
   SetHeight(fromEnum ? kEnumHeight : kListHeight);
-  chkAddCaseElse.SetValue(s_.settings[settings::kAddCaseElse].ToBool() ? ui::vbChecked : ui::vbUnchecked);
+  chkAddCaseElse.SetChecked(s_.settings[settings::kAddCaseElse].ToBool());
   // The box's own rule also runs when the setting leaves it unchecked.
   chkAddCaseElse.OnClick();
   chkCompact.SetEnabled(false);
@@ -130,7 +130,7 @@ void FrmSelectFromList::GetCollections() {
   chkReturnValues.SetEnabled(function);
   chkReturnValues.SetValue(function && s_.settings[settings::kInsertReturnValues].ToBool() ? ui::vbChecked
                                                                                              : ui::vbUnchecked);
-  chkCompact.SetEnabled(chkReturnValues.Value() == ui::vbChecked);
+  chkCompact.SetEnabled(chkReturnValues.Checked());
 }
 
 void FrmSelectFromList::NewVariable(const std::wstring& name, long category) {
@@ -170,10 +170,10 @@ void FrmSelectFromList::Ok() {
       in.testExpression = cboVarlist.Text();
       int v = cboVarlist.ListIndex();
       in.varCategory = v >= 0 ? cboVarlist.ItemData(v) : 0;
-      in.addCaseElse = chkAddCaseElse.Value() == ui::vbChecked;
-      in.returnValues = chkReturnValues.Value() == ui::vbChecked;
-      in.compact = chkCompact.Value() == ui::vbChecked;
-      in.singleCase = chkSingleCase.Value() == ui::vbChecked;
+      in.addCaseElse = chkAddCaseElse.Checked();
+      in.returnValues = chkReturnValues.Checked();
+      in.compact = chkCompact.Checked();
+      in.singleCase = chkSingleCase.Checked();
       in.caseElseText = txtCaseElse.Text();
       if (SelectCodeInsert(s_, in)) Unload();
     } else if (command_ == L"Explicit Argument") {

@@ -124,15 +124,16 @@ bool CodeWindowActive(Session& s) {
   return w && w->Type() == host::kCodeWindow;
 }
 
-bool ModuleExists(Session& s, std::wstring_view name) {
-  if (!s.vbe) return false;
-  host::Ptr<host::VBProject> project = s.vbe->ActiveVBProject();
-  if (!project) return false;
+host::Ptr<host::VBComponent> ModuleFind(Session& s, std::wstring_view name) {
+  host::Ptr<host::VBProject> project = s.vbe ? s.vbe->ActiveVBProject() : nullptr;
+  if (!project) return nullptr;
   host::Ptr<host::VBComponents> components = project->VBComponents();
   for (long i = 1; i <= components->Count(); ++i)
-    if (vba::EqualsText(components->Item(i)->Name(), name)) return true;
-  return false;
+    if (vba::EqualsText(components->Item(i)->Name(), name)) return components->Item(i);
+  return nullptr;
 }
+
+bool ModuleExists(Session& s, std::wstring_view name) { return ModuleFind(s, name) != nullptr; }
 
 void SetCursor(Session& s, long& line, bool keepSelection, const host::Ptr<host::VBComponent>& component) {
   host::Ptr<host::CodePane> pane;

@@ -33,6 +33,8 @@ std::optional<CodeView> ActiveView(Session& s);
 std::wstring TabSpacesGet(const Session& s);
 // A project exists and a code window is in front.
 bool CodeWindowActive(Session& s);
+// The component of the active project named `name` (any case); nullptr when there is none.
+host::Ptr<host::VBComponent> ModuleFind(Session& s, std::wstring_view name);
 bool ModuleExists(Session& s, std::wstring_view name);
 // Turns the "<cursor>" marks of a module into the caret: every mark from `line` on is
 // removed, and unless `keepSelection` the caret goes to the last one. `line` comes back

@@ -287,7 +287,7 @@ void FrmSettings::FormLoad() {
     std::wstring fallback = IniText(s_.settings[kViewTipOfTheDay]);
     bool shown = NotZero(UserSettingGet(s_, kTipsAtStartup, fallback)) &&
                  NotZero(UserSettingGet(s_, kTipsAtBuilderOpen, fallback));
-    chkViewTipOfTheDay_->SetValue(shown ? 1 : 0);
+    chkViewTipOfTheDay_->SetChecked(shown);
     cmdApply.SetEnabled(false);
   });
 }

@@ -241,6 +241,12 @@ std::wstring AutoPrefixName(int mode) {
   }
 }
 
+bool ItemOn(const kernel::Session& s, int item) {
+  const vba::Variant& v = s.settings[item];
+  if (v.kind() == vba::Variant::Kind::String) return IniTruth(v.ToString()).value_or(false);
+  return v.ToBool();
+}
+
 std::wstring Item2Name(kernel::Session& s, int item) {
   if (const SettingItem* found = FindItem(item)) return found->key;
   MissingCase(s, L"Missing Case in Item2Name" + std::to_wstring(item));

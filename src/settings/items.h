@@ -165,6 +165,10 @@ std::wstring IniFile2Name(kernel::Session& s, int file);
 int Item2Type(kernel::Session& s, int item);
 std::wstring Item2Control(kernel::Session& s, int item);
 
+// Whether the item is on: a truth value as it stands, a text read as an INI truth value
+// (an empty or unreadable text is off). For the check boxes a builder presets.
+bool ItemOn(const kernel::Session& s, int item);
+
 // Every item at its default.
 void SettingsDefaultsSet(kernel::Session& s);
 // Writes one item's value from `s.settings` to its INI file at once.

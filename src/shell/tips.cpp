@@ -70,13 +70,13 @@ class FrmTip : public kernel::BuilderForm {
     cmdClose.SetCancel(true);
     OnLoad = [this] {
       ui::ScopedFlag quiet(filling_);
-      chkShowTips.SetValue(TipsWanted(s_, topic_) ? ui::vbChecked : ui::vbUnchecked);
+      chkShowTips.SetChecked(TipsWanted(s_, topic_));
       NextTip();
     };
     cmdNext.OnClick = [this] { NextTip(); };
     chkShowTips.OnClick = [this] {
       if (filling_) return;
-      settings::UserSettingSave(s_, SwitchKey(topic_), chkShowTips.Value() == ui::vbChecked ? L"1" : L"0");
+      settings::UserSettingSave(s_, SwitchKey(topic_), chkShowTips.Checked() ? L"1" : L"0");
     };
     cmdClose.OnClick = [this] { Unload(); };
   }

@@ -60,6 +60,8 @@ class CheckBox : public CaptionedControl {
   // makes it; any other number raises error 380.
   int Value() const { return value_; }
   void SetValue(int value);
+  bool Checked() const { return value_ == 1; }
+  void SetChecked(bool on) { SetValue(on ? 1 : 0); }
 
  protected:
   void DescribeInto(nlohmann::json& out) const override;
