@@ -24,7 +24,7 @@ class Collection {
   T& Add(T item, std::wstring_view key = {}) {
     if (!key.empty() && Position(key) != kNone) Raise(kErrDuplicateKey);
     entries_.push_back({std::move(item), std::wstring(key)});
-    if (!key.empty()) Indexed(entries_.size() - 1);
+    Added(!key.empty());
     return entries_.back().item;
   }
   // Inserts before the item at 1-based `before`.
@@ -125,7 +125,8 @@ class Collection {
 
  private:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-  // Up to this many keyed entries a lookup walks them; beyond, the table is kept.
+  // Up to this many entries a lookup walks them; beyond, the table is kept once any of
+  // them has a key.
   static constexpr std::size_t kWalked = 8;
 
   static std::size_t Hash(std::wstring_view key) {
@@ -135,7 +136,7 @@ class Collection {
 
   // The 0-based position of the entry under `key`, or kNone.
   std::size_t Position(std::wstring_view key) const {
-    if (key.empty()) return kNone;
+    if (key.empty() || keyed_ == 0) return kNone;
     if (slots_.empty()) {
       for (std::size_t i = 0; i < entries_.size(); ++i)
         if (!entries_[i].key.empty() && EqualsText(entries_[i].key, key)) return i;
@@ -149,12 +150,15 @@ class Collection {
     }
   }
 
-  // The keyed entry at `position` has just been added at the end.
-  void Indexed(std::size_t position) {
-    ++keyed_;
-    if (keyed_ <= kWalked) return;
-    if (slots_.empty() || 2 * keyed_ > slots_.size()) return Reindex();
-    Place(position);
+  // An entry, keyed or not, has just been added at the end.
+  void Added(bool keyed) {
+    keyed_ += keyed;
+    if (slots_.empty()) {
+      if (keyed_ > 0 && entries_.size() > kWalked) Reindex();
+    } else if (keyed) {
+      if (2 * keyed_ > slots_.size()) Reindex();
+      else Place(entries_.size() - 1);
+    }
   }
 
   void Place(std::size_t position) {
@@ -164,13 +168,13 @@ class Collection {
     slots_[h] = static_cast<std::uint32_t>(position + 1);
   }
 
-  // Counts the keyed entries again and rebuilds the table when there are enough of them,
-  // at most half full.
+  // Counts the keyed entries again and rebuilds the table when there are enough entries
+  // and a key among them, at most half full.
   void Reindex() {
     keyed_ = 0;
     for (const Entry& e : entries_) keyed_ += !e.key.empty();
     slots_.clear();
-    if (keyed_ <= kWalked) return;
+    if (keyed_ == 0 || entries_.size() <= kWalked) return;
     std::size_t size = 16;
     while (size < 2 * keyed_ + 2) size *= 2;
     slots_.assign(size, 0);

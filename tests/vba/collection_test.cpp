@@ -142,6 +142,24 @@ TEST(Collection, ManyKeysStayFoundThroughGrowthRemovalInsertionAndCopies) {
   EXPECT_EQ(moved.Item(L"name5"), 5);
 }
 
+// Many items without keys and a few with: the keyed ones are still found, among
+// thousands that are not.
+TEST(Collection, FewKeysAmongManyUnkeyedItems) {
+  Collection<int> c;
+  for (int i = 0; i < 5000; ++i) c.Add(i);
+  EXPECT_FALSE(c.Exists(L"x"));
+  c.Add(-1, L"Last");
+  c.AddBefore(-2, 1, L"first");
+  for (int i = 0; i < 5000; ++i) c.Add(i);
+  EXPECT_EQ(c.Item(L"LAST"), -1);
+  EXPECT_EQ(c.Item(L"First"), -2);
+  EXPECT_EQ(c.Count(), 10002);
+  c.RemoveIf([](int v) { return v >= 0; });
+  EXPECT_EQ(Items(c), (std::vector<int>{-2, -1}));
+  EXPECT_EQ(c.Item(L"last"), -1);
+  EXPECT_TRUE(Raises(457, [&] { c.Add(0, L"FIRST"); }));
+}
+
 TEST(Collection, HoldsMoveOnlyItems) {
   Collection<std::unique_ptr<int>> c;
   c.Add(std::make_unique<int>(5), L"five");
