@@ -25,10 +25,24 @@ double BestMilliseconds(const Benchmark& b) {
 
 int main(int argc, char** argv) {
   using namespace quillet::bench;
-  const char* only = argc > 1 ? argv[1] : nullptr;
+  // An argument picks the benchmarks whose names hold one of its "|"-separated pieces.
+  std::vector<std::string> only;
+  if (argc > 1)
+    for (std::string rest = argv[1];;) {
+      const std::size_t bar = rest.find('|');
+      only.push_back(rest.substr(0, bar));
+      if (bar == std::string::npos) break;
+      rest.erase(0, bar + 1);
+    }
+  auto picked = [&](const std::string& name) {
+    if (only.empty()) return true;
+    for (const std::string& piece : only)
+      if (name.find(piece) != std::string::npos) return true;
+    return false;
+  };
   std::printf("%-58s %12s   %s\n", "benchmark", "best (ms)", "target");
   for (const Benchmark& b : Registry()) {
-    if (only && b.name.find(only) == std::string::npos) continue;
+    if (!picked(b.name)) continue;
     if (b.report) {
       std::printf("%-58s %12s   %s\n", b.name.c_str(), b.report().c_str(), b.target.c_str());
       continue;

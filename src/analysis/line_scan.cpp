@@ -37,16 +37,20 @@ bool IsOnErrorLine(std::wstring_view line) {
   return vba::EqualsText(vba::Left(vba::Trim(line), 9), L"On error ");
 }
 
-host::Ptr<host::CodeModule> ActiveModule(kernel::Session& s) {
-  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
-  if (!pane) vba::Raise(vba::kErrObjectNotSet);
-  return pane->CodeModule();
-}
+}  // namespace
 
 std::wstring_view TrimView(std::wstring_view s) {
   std::size_t first = s.find_first_not_of(L' ');
   if (first == std::wstring_view::npos) return {};
   return s.substr(first, s.find_last_not_of(L' ') - first + 1);
+}
+
+namespace {
+
+host::Ptr<host::CodeModule> ActiveModule(kernel::Session& s) {
+  host::Ptr<host::CodePane> pane = s.vbe ? s.vbe->ActiveCodePane() : nullptr;
+  if (!pane) vba::Raise(vba::kErrObjectNotSet);
+  return pane->CodeModule();
 }
 
 // The statements of a line, handed to `emit` trimmed. Each part is the text between two
@@ -159,6 +163,16 @@ long LineDisjunction(std::wstring_view line, std::vector<std::wstring>& parts) {
   return static_cast<long>(parts.size());
 }
 
+std::wstring_view FirstStatement(std::wstring_view line) {
+  std::wstring_view first;
+  bool found = false;
+  Disjoin(line, [&](std::wstring_view part) {
+    if (!found) first = part;
+    found = true;
+  });
+  return first;
+}
+
 bool IsDeclarationLine(std::wstring_view line, std::wstring_view previous) {
   std::wstring t = vba::Trim(line);
   if (vba::StartsWithText(t, L"Const ") || vba::StartsWithText(t, L"Dim ") || vba::StartsWithText(t, L"Static "))
@@ -167,7 +181,7 @@ bool IsDeclarationLine(std::wstring_view line, std::wstring_view previous) {
   return previous.size() >= 2 && previous.substr(previous.size() - 2) == L" _";
 }
 
-long DeclListSplit(std::wstring_view text, std::vector<std::wstring>& parts) {
+long DeclListSplit(std::wstring_view text, std::vector<std::wstring_view>& parts) {
   parts.clear();
   if (text.empty()) return 0;
   bool inString = false;
@@ -176,11 +190,18 @@ long DeclListSplit(std::wstring_view text, std::vector<std::wstring>& parts) {
     if (text[i] == L'"') {
       inString = !inString;
     } else if (text[i] == L',' && !inString) {
-      parts.push_back(vba::Trim(text.substr(begin, i - begin)));
+      parts.push_back(TrimView(text.substr(begin, i - begin)));
       begin = i + 1;
     }
   }
-  parts.push_back(vba::Trim(text.substr(begin)));
+  parts.push_back(TrimView(text.substr(begin)));
+  return static_cast<long>(parts.size());
+}
+
+long DeclListSplit(std::wstring_view text, std::vector<std::wstring>& parts) {
+  std::vector<std::wstring_view> views;
+  DeclListSplit(text, views);
+  parts.assign(views.begin(), views.end());
   return static_cast<long>(parts.size());
 }
 

@@ -19,6 +19,10 @@ namespace quillet::analysis {
 // every cut adds a part, even an empty one, and a non-empty rest closes the list. So
 // "Foo: ' note" gives "Foo" and an empty part. `parts` is refilled; returns their number.
 long LineDisjunction(std::wstring_view line, std::vector<std::wstring>& parts);
+// The first of those parts, a piece of `line` itself.
+std::wstring_view FirstStatement(std::wstring_view line);
+// The text without the blanks at its ends (tabs stay), as a piece of it.
+std::wstring_view TrimView(std::wstring_view text);
 
 // A line that may stand in a procedure's declaration area: "Const ", "Dim " or "Static "
 // at the start of the trimmed line (any case), a blank line, or a line continued from the
@@ -28,6 +32,8 @@ bool IsDeclarationLine(std::wstring_view line, std::wstring_view previous);
 // Cuts a declaration list at the commas outside double quotes, each piece trimmed.
 // An empty text gives no piece. `parts` is refilled; returns their number.
 long DeclListSplit(std::wstring_view text, std::vector<std::wstring>& parts);
+// The same pieces as parts of `text` itself.
+long DeclListSplit(std::wstring_view text, std::vector<std::wstring_view>& parts);
 
 // How StringTrimChars trims.
 enum TrimMode : int { kTrimLeft = 0, kTrimBoth = 1, kTrimRight = 2 };

@@ -25,9 +25,16 @@ Decl Make(DeclKind kind, std::wstring_view statement, size_t column) {
   return {kind, column <= statement.size() ? vba::Trim(statement.substr(column - 1)) : std::wstring{}};
 }
 
-std::wstring Word(const std::wstring& statement, size_t n) {
-  std::vector<std::wstring> words = vba::Split(statement, L" ");
-  return n < words.size() ? words[n] : std::wstring{};
+// The `n`th piece (0-based) of the statement split at each blank, as Split cuts it: two
+// blanks in a row give an empty piece between them.
+std::wstring Word(std::wstring_view statement, size_t n) {
+  size_t from = 0;
+  for (; n > 0; --n) {
+    size_t blank = statement.find(L' ', from);
+    if (blank == std::wstring_view::npos) return {};
+    from = blank + 1;
+  }
+  return std::wstring(statement.substr(from, statement.find(L' ', from) - from));
 }
 
 // What follows a scope word of seven letters and a blank ("Private", "Public", "Global"),
@@ -152,8 +159,10 @@ Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponen
   if (host::Ptr<host::VBComponents> siblings = component->Collection())
     if (host::Ptr<host::VBProject> project = siblings->Parent()) projectName = project->Name();
   procs.init(projectName, *module);
+  const ProcModule where = ProcModuleOf(s, projectName, *module);
   const long count = module->CountOfLines();
-  // Every line of a procedure names the same procedure: one line of each is enough.
+  // Every line of a procedure names the same procedure: one line of each is enough, and
+  // the editor is asked once where each one lies.
   for (long line = module->CountOfDeclarationLines() + 1; line <= count;) {
     host::ProcKind kind = host::kProcKind;
     std::wstring name = module->ProcOfLine(line, kind);
@@ -161,8 +170,9 @@ Rv_ProcDefs ModuleProcsRead(kernel::Session& s, const host::Ptr<host::VBComponen
       ++line;
       continue;
     }
-    procs.Add(s, *module, line, onlyPublic, /*definitionOnly=*/true);
-    long next = module->ProcStartLine(name, kind) + module->ProcCountLines(name, kind);
+    const ProcLines at = ProcLinesOf(*module, name, kind);
+    procs.Add(s, where, *module, name, kind, at, onlyPublic, /*definitionOnly=*/true);
+    long next = at.startLine + at.countLines;
     line = next > line ? next : line + 1;
   }
   return procs;
@@ -217,6 +227,8 @@ void clsScanProject::init(const std::wstring& moduleName) {
       return;
     }
     for (long i = 1; i <= components->Count(); ++i) ScanModule(components->Item(i));
+    // The whole project is read: the procedures keep no room for more.
+    models_.ProjectProcs.ShrinkToFit();
   });
 }
 

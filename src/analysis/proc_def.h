@@ -16,15 +16,16 @@ namespace quillet::analysis {
 // One argument of a definition: "Optional ByVal b As String = "x"".
 class Rv_ProcArgument {
  public:
+  // The texts first and the flags together behind them: a project holds thousands.
   std::wstring ArgDef;         // the text as given, untouched
-  bool IsOptional = false;
-  bool IsPassedByVal = false;
   std::wstring PassedBy;       // "ByVal" or "ByRef" ("ByRef" when nothing was written)
-  bool IsParamArray = false;
   std::wstring Name;           // a type character stays in it
-  bool IsArray = false;        // "(" followed the name
   std::wstring Type_;          // as written, "Variant" if none
   std::wstring DefaultValue;   // the text behind "="
+  bool IsOptional = false;
+  bool IsPassedByVal = false;
+  bool IsParamArray = false;
+  bool IsArray = false;        // "(" followed the name
   bool IsEnum = false;         // set by the users of the model
 
   // The keywords are recognised case-sensitively at the left end, in the order Optional,
@@ -53,6 +54,21 @@ class Rv_ProcArguments {
  private:
   Items_ items_;
 };
+
+// Where a procedure lies in its module, as the editor counts: the first line that belongs
+// to it (the comments above its header included), how many lines do, and the header's line.
+struct ProcLines {
+  long startLine = 0, countLines = 0, bodyLine = 0;
+};
+// What every procedure of one module shares, asked of the editor once for all of them.
+struct ProcModule {
+  std::wstring project;          // the project's name as the reader was given it
+  std::wstring moduleName;
+  bool inActiveProject = false;  // the procedures' GroupName is the project's name
+};
+ProcModule ProcModuleOf(kernel::Session& s, std::wstring_view project, host::CodeModule& module);
+// The editor's answers for one procedure. Failures of the host reach the caller.
+ProcLines ProcLinesOf(host::CodeModule& module, std::wstring_view name, host::ProcKind kind);
 
 // One procedure of a module, of a library file or of a Declare statement.
 class Rv_ProcDef {
@@ -84,10 +100,14 @@ class Rv_ProcDef {
   std::wstring ProcCode;               // from the body line to the end of the procedure
 
   // A procedure of a loaded module. Failures of the host calls reach the caller. With
-  // `definitionOnly`, ProcCode holds the lines of the definition alone: what a list of the
-  // module's procedures needs, read without copying every body.
+  // `definitionOnly` only the lines of the definition are read and ProcCode stays empty:
+  // what a list of the module's procedures needs, read without copying any body.
   void init(kernel::Session& s, std::wstring_view project, host::CodeModule& module, std::wstring_view name,
             host::ProcKind kind, bool definitionOnly = false);
+  // The same where the module and the procedure's place are known already: what a walk
+  // over all the procedures of a module uses.
+  void init(kernel::Session& s, const ProcModule& where, host::CodeModule& module, std::wstring_view name,
+            host::ProcKind kind, const ProcLines& at, bool definitionOnly);
   // A procedure stored as text (a file of the library folder).
   void Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName);
   // Reads the definition at the start of ProcCode and its arguments: the last step of both
@@ -95,8 +115,9 @@ class Rv_ProcDef {
   void DefinitionRead(kernel::Session& s);
 
  private:
-  // Reads ProcCode's definition; a failure is reported as "Rv_ProcDef.ProcDefGet".
-  void ProcDefGet(kernel::Session& s);
+  // Reads the definition at the start of `code`; a failure is reported as
+  // "Rv_ProcDef.ProcDefGet".
+  void ProcDefGet(kernel::Session& s, std::wstring_view code);
 };
 
 using ProcDefCollection = vba::Collection<std::shared_ptr<Rv_ProcDef>>;
@@ -117,6 +138,10 @@ class Rv_ProcDefs {
   // `vblnOnlyPublic` only a public one. Failures are reported as "Rv_ProcDefs.AddProc".
   void Add(kernel::Session& s, host::CodeModule& module, long vlngLineNo, bool vblnOnlyPublic,
            bool definitionOnly = false);
+  // The same for the procedure `name` of `kind`, found in the module by the caller, which
+  // knows its place and its module already.
+  void Add(kernel::Session& s, const ProcModule& where, host::CodeModule& module, std::wstring_view name,
+           host::ProcKind kind, const ProcLines& at, bool vblnOnlyPublic, bool definitionOnly);
   // Adds under `key`, or without one when it is empty. A key in use keeps its entry.
   void AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> procedure, std::wstring_view key);
   long Count() const { return items_.Count(); }
@@ -124,6 +149,9 @@ class Rv_ProcDefs {
   const ProcDefCollection& Items() const { return items_; }
 
  private:
+  void Read(kernel::Session& s, const ProcModule* where, host::CodeModule& module, std::wstring_view name,
+            host::ProcKind kind, const ProcLines* at, bool vblnOnlyPublic, bool definitionOnly);
+
   ProcDefCollection items_;
   // Procedures read by Add and refused as not public, so that they are read once.
   vba::Collection<bool> refused_;

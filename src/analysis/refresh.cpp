@@ -80,7 +80,7 @@ void RefLibRemove(ProjectModels& models, std::wstring_view name) {
   RemoveWhere(models.LibraryEnums.Items(), fromLibrary);
 }
 
-void ReferencesRefresh(kernel::Session& s, ProjectModels& models) {
+bool ReferencesRefresh(kernel::Session& s, ProjectModels& models) {
   // Names joined with a delimiter at both ends of each, so that a name is found whole.
   auto joined = [](const vba::Collection<std::wstring>& names) {
     std::wstring text;
@@ -90,7 +90,7 @@ void ReferencesRefresh(kernel::Session& s, ProjectModels& models) {
   const std::wstring before = joined(models.ReferenceNames);
   models.ReferenceNames = {};
   host::Ptr<host::VBProject> project = ActiveProject(s);
-  if (!project) return;
+  if (!project) return !before.empty();
   host::Ptr<host::References> references = project->References();
   for (long i = 1; i <= references->Count(); ++i) {
     try {
@@ -101,17 +101,19 @@ void ReferencesRefresh(kernel::Session& s, ProjectModels& models) {
       // A reference that cannot be read is not usable.
     }
   }
-  if (before.empty()) return;
   const std::wstring after = joined(models.ReferenceNames);
+  const bool changed = !vba::EqualsText(before, after);
+  if (before.empty()) return changed;
   // A library that came is read by the type library scan when it exists; one that went
   // leaves the models now.
   for (const std::wstring& name : vba::Split(before, L"|"))
     if (!name.empty() && vba::InStr(after, L"|" + name + L"|", vba::Compare::Text) == 0) RefLibRemove(models, name);
+  return changed;
 }
 
 void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressions) {
   kernel::Trap(s, L"basGlobal.ProjectRefresh", [&] {
-    ReferencesRefresh(s, models);
+    const bool referencesChanged = ReferencesRefresh(s, models);
     ItemCollection current;
     StdModulesGet(s, current);
     for (const auto& module : current) {
@@ -126,7 +128,8 @@ void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressi
     for (const auto& module : models.StdModules)
       if (!current.Exists(module->Name)) ModuleRemove(models, module->Name);
     models.StdModules = std::move(current);
-    if (loadExpressions) KnownExpressionsLoad(s, models);
+    // The known expressions are those of the referenced libraries: read again with them.
+    if (loadExpressions || referencesChanged) KnownExpressionsLoad(s, models);
     kernel::OutlookFocusRestore(s);
   });
 }

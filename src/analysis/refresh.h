@@ -17,9 +17,12 @@ namespace quillet::analysis {
 // ItemData of list entries: basic types carry their variant type number, these the kind.
 enum ListKind : long { kKindEnum = 10003, kKindType = 10004, kKindObject = 10009 };
 
-// Brings `models` up to date with the active project; `loadExpressions` rereads qltvars.ini.
+// Brings `models` up to date with the active project; `loadExpressions` rereads qltvars.ini,
+// which is read again anyway when the usable references differ from the last ones read.
 void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressions);
-void ReferencesRefresh(kernel::Session& s, ProjectModels& models);
+// Reads the usable references again and drops what a library no longer referenced put in
+// the models; true when the names differ from those read before.
+bool ReferencesRefresh(kernel::Session& s, ProjectModels& models);
 // Each standard module of the active project with the length of its text (none for a
 // locked project).
 void StdModulesGet(kernel::Session& s, ItemCollection& modules);

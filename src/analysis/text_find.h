@@ -26,4 +26,15 @@ inline long FindText(std::wstring_view hay, std::wstring_view needle) {
   return 0;
 }
 
+// 1-based position of the last `needle` in `hay`, 0 when there is none or `needle` is empty.
+inline long FindLastText(std::wstring_view hay, std::wstring_view needle) {
+  if (needle.empty() || needle.size() > hay.size()) return 0;
+  for (std::size_t i = hay.size() - needle.size() + 1; i-- > 0;) {
+    std::size_t k = 0;
+    while (k < needle.size() && UpperOf(hay[i + k]) == UpperOf(needle[k])) ++k;
+    if (k == needle.size()) return static_cast<long>(i) + 1;
+  }
+  return 0;
+}
+
 }  // namespace quillet::analysis

@@ -27,12 +27,6 @@ bool Continues(std::wstring_view line) {
   return end == 1 || IsSpace(line[end - 2]);
 }
 
-std::wstring Key(std::wstring_view name, ProcKind kind) {
-  std::wstring key = vba::UCase(name);
-  key += static_cast<wchar_t>(L'0' + static_cast<int>(kind));
-  return key;
-}
-
 }  // namespace
 
 // The first character that is no blank, or 0.
@@ -90,7 +84,7 @@ bool IsBlankOrComment(std::wstring_view line) {
 
 void ProcIndex::Build(const std::vector<std::wstring>& lines) {
   procs_.clear();
-  byKey_.clear();
+  byName_.clear();
   declarationLines_ = 0;
   const long count = static_cast<long>(lines.size());
   long lastCode = 0;       // last line that is neither blank nor comment, outside procedures
@@ -140,7 +134,8 @@ void ProcIndex::Build(const std::vector<std::wstring>& lines) {
     for (std::size_t k = 1; k < procs_.size(); ++k) procs_[k].startLine = procs_[k - 1].endLine + 1;
     procs_.back().endLine = count;
   }
-  for (std::size_t k = 0; k < procs_.size(); ++k) byKey_.emplace(Key(procs_[k].name, procs_[k].kind), k);
+  byName_.reserve(procs_.size());
+  for (std::size_t k = 0; k < procs_.size(); ++k) byName_.emplace(procs_[k].name, k);
 }
 
 const ProcExtent* ProcIndex::ProcOfLine(long line) const {
@@ -151,8 +146,14 @@ const ProcExtent* ProcIndex::ProcOfLine(long line) const {
 }
 
 const ProcExtent* ProcIndex::Find(std::wstring_view name, ProcKind kind) const {
-  auto it = byKey_.find(Key(name, kind));
-  return it == byKey_.end() ? nullptr : &procs_[it->second];
+  // The first of that name and kind, as the module lists them.
+  const ProcExtent* found = nullptr;
+  auto [from, to] = byName_.equal_range(name);
+  for (auto it = from; it != to; ++it) {
+    const ProcExtent& p = procs_[it->second];
+    if (p.kind == kind && (!found || &p < found)) found = &p;
+  }
+  return found;
 }
 
 }  // namespace quillet::host

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hostmodel/vbe.h"
+#include "vba/text.h"
 
 namespace quillet::host {
 
@@ -40,7 +41,9 @@ class ProcIndex {
  private:
   long declarationLines_ = 0;
   std::vector<ProcExtent> procs_;
-  std::unordered_map<std::wstring, std::size_t> byKey_;  // upper-case name + kind digit
+  // Each procedure's position under its name, compared without regard to case; the few
+  // names shared by the accessors of one property are told apart by their kinds.
+  std::unordered_multimap<std::wstring, std::size_t, vba::TextHash, vba::TextEqual> byName_;
 };
 
 }  // namespace quillet::host

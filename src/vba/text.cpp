@@ -86,7 +86,8 @@ bool EndsWithText(std::wstring_view s, std::wstring_view suffix) {
 std::size_t TextHash::operator()(std::wstring_view s) const {
   std::size_t h = 1469598103934665603ull;
   for (wchar_t c : s) {
-    h ^= static_cast<std::size_t>(ToUpper(c));
+    const wchar_t upper = c < 0x80 ? (c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - 32) : c) : ToUpper(c);
+    h ^= static_cast<std::size_t>(upper);
     h *= 1099511628211ull;
   }
   return h;

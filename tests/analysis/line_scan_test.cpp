@@ -37,6 +37,14 @@ TEST(LineDisjunction, SplitsAtColonBlankOutsideStringsAndDropsComments) {
   EXPECT_EQ(Parts(L"a:: b"), (Lines{L"a", L"", L"b"}));
   EXPECT_EQ(Parts(L"x = 1: "), (Lines{L"x = 1", L""}));
   EXPECT_EQ(Parts(L""), (Lines{L""}));
+
+  // The first part alone, a piece of the line itself, is what the definitions keep.
+  for (std::wstring_view line : {L"x = 1: y = 2", L"  x = 1 ' note  ", L"x = 1 ' a: b", L"Debug.Print \"it's: here\": x",
+                                 L"Foo: ' note", L"a:: b", L"", L"   "}) {
+    std::wstring_view first = FirstStatement(line);
+    EXPECT_EQ(first, Parts(line).front()) << std::wstring(line);
+    EXPECT_TRUE(first.empty() || (first.data() >= line.data() && first.data() + first.size() <= line.data() + line.size()));
+  }
 }
 
 TEST(LineTests, DeclarationLinesListsAndCounts) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "analysis/module_procs.h"
+#include "analysis/module_scan.h"
 #include "analysis/proc_def.h"
 #include "analysis_fixture.h"
 #include "vba/error.h"
@@ -270,6 +271,63 @@ TEST_F(ModuleProcs, AProcedureThatCannotBeReadIsReportedAndLeftOut) {
   procs.AddProc(s, std::make_shared<Rv_ProcDef>(), L"");
   EXPECT_EQ(procs.Count(), 2);
   EXPECT_EQ(procs.Items().Item(L"X.LIBRARY")->Name, L"X");
+}
+
+// The lists of a module's procedures read each definition alone: every field but the
+// code must come out as a full read of the same procedure gives it.
+TEST_F(ModuleProcs, ADefinitionReadAloneGivesWhatAFullReadGives) {
+  auto m = Code({
+      L"Option Explicit",
+      L"' above",
+      L"Public Function Wide(ByVal a As Long, _",
+      L"",
+      L"      Optional b As String = \"x, y\", _",
+      L"      ParamArray c()) as Variant: Wide = 1",
+      L"    Wide = a",
+      L"End Function",
+      L"Private Sub Quiet(): Debug.Print 1 ' note: here",
+      L"End Sub",
+      L"Function Typed$(s) ' comment",
+      L"End Function",
+      L"Static Property Get Size() As Long",
+      L"End Property",
+      L"Sub Plain",
+      L"End Sub",
+  });
+  Rv_ProcDefs lists = ModuleProcsRead(s, m->Parent(), false);
+  ASSERT_EQ(lists.Count(), 5);
+  for (const auto& alone : lists.Items()) {
+    SCOPED_TRACE(alone->Name);
+    Rv_ProcDef full;
+    full.init(s, L"VBAProject", *m, alone->Name, alone->ProcKind);
+    EXPECT_EQ(alone->ProcCode, L"");  // no body is copied into a list
+    EXPECT_NE(full.ProcCode, L"");
+    EXPECT_EQ(alone->ProcDef, full.ProcDef);
+    EXPECT_EQ(alone->OneLineProcDef, full.OneLineProcDef);
+    EXPECT_EQ(alone->ProcDefCountOfLines, full.ProcDefCountOfLines);
+    EXPECT_EQ(alone->ProcReturnType, full.ProcReturnType);
+    EXPECT_EQ(alone->ProcIsFunction, full.ProcIsFunction);
+    EXPECT_EQ(alone->ProcIsPublic, full.ProcIsPublic);
+    EXPECT_EQ(alone->ProcIsStatic, full.ProcIsStatic);
+    EXPECT_EQ(alone->ProcStartLine, full.ProcStartLine);
+    EXPECT_EQ(alone->ProcBodyLine, full.ProcBodyLine);
+    EXPECT_EQ(alone->ProcCountLines, full.ProcCountLines);
+    EXPECT_EQ(alone->GroupName, full.GroupName);
+    EXPECT_EQ(alone->ModuleName, L"Module1");
+    EXPECT_EQ(alone->ProcArguments->StringOfArguments, full.ProcArguments->StringOfArguments);
+    EXPECT_EQ(alone->ProcArguments->ShortStringOfArguments, full.ProcArguments->ShortStringOfArguments);
+  }
+  const Rv_ProcDef& wide = *lists.Items().Item(L"Wide*0");
+  EXPECT_EQ(wide.ProcDef, L"Public Function Wide(ByVal a As Long, _\r\n      Optional b As String = \"x, y\", _\r\n"
+                          L"      ParamArray c()) as Variant");
+  EXPECT_EQ(wide.ProcDefCountOfLines, 4);  // the blank line inside counts
+  EXPECT_EQ(wide.ProcReturnType, L"Variant");  // ") as " is found in any case
+  EXPECT_EQ(wide.ProcArguments->ShortStringOfArguments, L"a, [b], c");
+  EXPECT_EQ(wide.ProcArguments->Items().Item(L"b")->DefaultValue, L"\"x, y\"");
+  EXPECT_EQ(lists.Items().Item(L"Quiet*0")->OneLineProcDef, L"Private Sub Quiet()");
+  EXPECT_TRUE(lists.Items().Item(L"Typed*0")->ProcIsFunction);
+  EXPECT_EQ(lists.Items().Item(L"Plain*0")->ProcArguments->Count(), 0);
+  EXPECT_EQ(Reported(), L"");
 }
 
 TEST_F(ModuleProcs, DeclaredProcedures) {

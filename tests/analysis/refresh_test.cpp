@@ -84,6 +84,19 @@ TEST_F(Refresh, ReferencesDecideWhichLibrariesAndExpressionsCount) {
   project->SetReferences(refs);
   analysis::ProjectRefresh(s, models, false);
   EXPECT_FALSE(models.LibraryConsts.Exists(L"dbOpenTable"));
+  // ...and its known expressions with it, without being asked to read them again.
+  EXPECT_EQ(models.KnownExpressions.Count(), 0);
+
+  // Unchanged references leave the expressions as they were read; one that comes back
+  // brings its own again.
+  models.KnownExpressions.Add(std::make_shared<analysis::clsItem>(), L"Kept.Mark");
+  analysis::ProjectRefresh(s, models, false);
+  EXPECT_TRUE(models.KnownExpressions.Exists(L"Kept.Mark"));
+  refs.push_back({L"dao", L"C:\\dao.dll"});
+  project->SetReferences(refs);
+  analysis::ProjectRefresh(s, models, false);
+  EXPECT_FALSE(models.KnownExpressions.Exists(L"Kept.Mark"));
+  EXPECT_TRUE(models.KnownExpressions.Exists(L"DAO.Recordset"));
 }
 
 TEST_F(Refresh, TypeListsCarryTheirKindsAndChooseTheFirstWhenAsked) {

@@ -126,6 +126,21 @@ TEST(ProcedureHeaders, KindsModifiersAndLookalikes) {
   EXPECT_EQ(m->ProcBodyLine(L"Next1", host::kProcKind), 10);
 }
 
+// A procedure is found by its name in any case and by its kind; where a name stands twice
+// with the same kind, the first one answers, as the editor does.
+TEST_F(Bounds, ProceduresAreFoundByNameInAnyCaseAndByKind) {
+  EXPECT_EQ(m->ProcBodyLine(L"COUNT", host::kGetKind), 14);
+  EXPECT_EQ(m->ProcBodyLine(L"count", host::kLetKind), 17);
+  EXPECT_THROW(m->ProcBodyLine(L"Count", host::kSetKind), vba::Error);
+  EXPECT_THROW(m->ProcBodyLine(L"Count", host::kProcKind), vba::Error);
+  EXPECT_EQ(m->ProcStartLine(L"tOtAl", host::kProcKind), 8);
+  auto twice = Module(L"Module2", {L"Sub Twice()", L"End Sub", L"Property Get twice()", L"End Property",
+                                   L"Sub TWICE()", L"End Sub"})
+                   ->Module();
+  EXPECT_EQ(twice->ProcBodyLine(L"Twice", host::kProcKind), 1);
+  EXPECT_EQ(twice->ProcBodyLine(L"Twice", host::kGetKind), 3);
+}
+
 TEST(ProcedureHeaders, ModulesWithoutProceduresAreAllDeclarations) {
   test::EditorFixture f;
   auto m = f.Module(L"M", {L"Option Explicit", L"Dim a As Long", L"' end", L""})->Module();

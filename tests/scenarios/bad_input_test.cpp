@@ -52,6 +52,16 @@ TEST(ScriptInput, UnreadableOrWrongScenariosEndWithAReason) {
       {"{\"steps\": [{\"select\": [1, 2, 3]}]}", 2, "step 1 {\"select\":[1,2,3]}: \"select\": expected [startLine"},
       {"{\"steps\": [{\"type\": 5}]}", 2, "step 1 {\"type\":5}: \"type\": expected a text"},
       {"{\"steps\": [{\"inputbox\": 2}]}", 2, "\"inputbox\": expected a text or null"},
+      // References ticked and unticked: checked like the project's own, and only one that
+      // fits the project is taken.
+      {"{\"steps\": [{\"addReference\": {\"name\": \"Word\", \"path\": \"x\"}}]}", 2, "\"addReference\": unknown key \"path\""},
+      {"{\"steps\": [{\"addReference\": {\"fullPath\": \"x\"}}]}", 2, "a reference needs a \"name\""},
+      {"{\"steps\": [{\"addReference\": {\"name\": \"Word\", \"broken\": 1}}]}", 2, "\"addReference\".broken: expected true or false"},
+      {"{\"steps\": [{\"removeReference\": 3}]}", 2, "\"removeReference\": expected an object"},
+      {"{\"steps\": [{\"removeReference\": {\"project\": \"P\"}}]}", 2, "expected the \"name\" of the reference"},
+      {"{\"projects\": [{\"name\": \"P\"}], \"steps\": [{\"removeReference\": \"Word\"}]}", 1, "project P has no reference Word"},
+      {"{\"projects\": [{\"name\": \"P\"}], \"steps\": [{\"addReference\": {\"name\": \"excel\"}}]}", 1, "project P has a reference excel already"},
+      {"{\"projects\": [{\"name\": \"P\"}], \"steps\": [{\"addReference\": {\"name\": \"W\", \"project\": \"Q\"}}]}", 1, "no project named \"Q\""},
       // Bounds on what would take unreasonable time.
       {"{\"steps\": [{\"tick\": 4611686018427387904}]}", 2, "\"tick\": expected a number of milliseconds from 0 to 86400000"},
       {"{\"registry\": {\"TabWidth\": 33}}", 2, "\"registry\".TabWidth: expected a tab width from 1 to 32"},

@@ -31,6 +31,8 @@ void PrintScriptHelp() {
       "  {\"setCode\": {\"component\", \"code\"}}  {\"addComponent\": {...}}  {\"removeComponent\": \"C\"}\n"
       "  {\"addProject\": {...}}  {\"closeProject\": \"P\"}  {\"protect\": {\"project\", \"locked\"}}\n"
       "  {\"clipboard\": \"text\"}  {\"saveProject\": \"P\"} or {\"project\", \"folder\"}\n"
+      "  {\"addReference\": {\"name\", \"fullPath\", \"broken\", \"project\"}}  {\"removeReference\": \"Word\"}\n"
+      "                                           or {\"project\", \"name\"}: a library ticked or unticked\n"
       "  answers: {\"msgbox\": \"Yes\"} {\"inputbox\": \"2\"|null} {\"file\": path|null} {\"folder\": path|null}\n"
       "  forms: {\"form\": \"frmX\", one of \"set\" (applied in the order written), \"click\",\n"
       "         \"dblclick\", \"focus\", \"close\", \"key\", \"caret\", \"node\", \"item\", \"label\", \"tab\", \"dump\"}\n"

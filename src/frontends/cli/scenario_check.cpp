@@ -16,7 +16,7 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "setCode",  "addComponent",    "removeComponent", "addProject",   "closeProject",
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
-                       "convertToHtml"};
+                       "convertToHtml", "addReference", "removeReference"};
 const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "label", "tab", "dump", "focus", "close"};
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
@@ -116,6 +116,19 @@ void Component(const json& c, const std::string& where) {
   if (c.contains("code")) Code(c["code"], Member(where, "code"));
 }
 
+// A reference of a project: {"name", "fullPath", "broken"}, and whatever `more` a step adds.
+void Reference(const json& r, const std::string& where, const Keys& more) {
+  Keys known = {"name", "fullPath", "broken"};
+  known.insert(known.end(), more.begin(), more.end());
+  Object(r, where, known);
+  if (!r.contains("name")) Refuse(where, "a reference needs a \"name\"");
+  Text(r["name"], Member(where, "name"));
+  if (r.contains("fullPath")) Text(r["fullPath"], Member(where, "fullPath"));
+  if (r.contains("broken")) Flag(r["broken"], Member(where, "broken"));
+  for (const auto& k : more)
+    if (r.contains(k)) Text(r[k], Member(where, k));
+}
+
 void Project(const json& p, const std::string& where) {
   if (p.is_object() && p.contains("folder")) {
     Object(p, where, {"folder", "name", "fileName"});
@@ -131,15 +144,7 @@ void Project(const json& p, const std::string& where) {
   if (p.contains("references")) {
     std::string w = Member(where, "references");
     if (!p["references"].is_array()) Refuse(w, "expected an array");
-    for (std::size_t i = 0; i < p["references"].size(); ++i) {
-      const json& r = p["references"][i];
-      std::string e = Entry(w, i);
-      Object(r, e, {"name", "fullPath", "broken"});
-      if (!r.contains("name")) Refuse(e, "a reference needs a \"name\"");
-      Text(r["name"], Member(e, "name"));
-      if (r.contains("fullPath")) Text(r["fullPath"], Member(e, "fullPath"));
-      if (r.contains("broken")) Flag(r["broken"], Member(e, "broken"));
-    }
+    for (std::size_t i = 0; i < p["references"].size(); ++i) Reference(p["references"][i], Entry(w, i), {});
   }
   if (p.contains("components")) {
     std::string w = Member(where, "components");
@@ -275,6 +280,14 @@ void Step(const json& step, std::size_t index) {
     if (!v.contains("project")) Refuse(w, "expected the \"project\"");
     Text(v["project"], w + ".project");
     if (v.contains("locked")) Flag(v["locked"], w + ".locked");
+  } else if (a == "addReference") {
+    Reference(v, w, {"project"});
+  } else if (a == "removeReference") {
+    if (v.is_string()) return;
+    Object(v, w, {"project", "name"});
+    if (!v.contains("name")) Refuse(w, "expected the \"name\" of the reference");
+    Text(v["name"], w + ".name");
+    if (v.contains("project")) Text(v["project"], w + ".project");
   } else if (a == "saveProject") {
     if (v.is_string()) return;
     Object(v, w, {"project", "folder"});

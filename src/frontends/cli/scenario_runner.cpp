@@ -279,16 +279,7 @@ void ScenarioRunner::AddProject(const json& p) {
   project->SetProtection(p.value("protection", 0));
   if (p.contains("references")) {
     std::vector<io::ReferenceInfo> refs;
-    std::vector<io::ReferenceInfo> known = io::DefaultReferences();
-    for (const auto& r : p["references"]) {
-      io::ReferenceInfo info;
-      info.name = W(r.at("name"));
-      for (const auto& k : known)
-        if (k.name == info.name) info = k;
-      if (r.contains("fullPath")) info.fullPath = W(r["fullPath"]);
-      info.isBroken = r.value("broken", false);
-      refs.push_back(info);
-    }
+    for (const auto& r : p["references"]) refs.push_back(ReferenceOf(r));
     project->SetReferences(refs);
   } else {
     project->SetReferences(io::DefaultReferences());
@@ -301,6 +292,16 @@ void ScenarioRunner::AddProject(const json& p) {
       project->AddComponent(W(c["name"]), c.value("type", 1), c.contains("code") ? CodeLines(c["code"]) : std::vector<std::wstring>{});
     }
   }
+}
+
+io::ReferenceInfo ReferenceOf(const json& r) {
+  io::ReferenceInfo info;
+  info.name = W(r.at("name"));
+  for (const auto& k : io::DefaultReferences())
+    if (k.name == info.name) info = k;
+  if (r.contains("fullPath")) info.fullPath = W(r["fullPath"]);
+  info.isBroken = r.value("broken", false);
+  return info;
 }
 
 std::shared_ptr<host::MemoryProject> ScenarioRunner::ProjectNamed(const std::string& name) const {

@@ -90,6 +90,10 @@ class ScenarioRunner {
   std::filesystem::path baseFolder_;  // where relative real paths of the scenario start
 };
 
+// A reference as a scenario writes it ({"name", "fullPath", "broken"}): a library the editor
+// knows by default keeps its path and identity unless the scenario gives them.
+io::ReferenceInfo ReferenceOf(const json& r);
+
 // `quillet script FILE|-`: reads the scenario, plays it, prints the outcome.
 int RunScriptCommand(const std::string& path);
 

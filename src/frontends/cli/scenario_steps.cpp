@@ -19,6 +19,7 @@
 #include "ui/form.h"
 #include "ui/user_input.h"
 #include "vba/error.h"
+#include "vba/text.h"
 
 namespace quillet::cli {
 namespace {
@@ -29,7 +30,7 @@ const std::set<std::string> kAnswerSteps = {"msgbox", "inputbox", "file", "folde
 const std::set<std::string> kEditorSteps = {"select",  "activate",        "window",    "selectComponent",
                                             "type",    "setCode",         "addComponent", "removeComponent",
                                             "addProject", "closeProject", "protect",   "clipboard",
-                                            "saveProject"};
+                                            "saveProject", "addReference", "removeReference"};
 
 }  // namespace
 
@@ -180,6 +181,26 @@ void ScenarioRunner::ExecuteEditorStep(const std::string& kind, const json& valu
     std::string name = value.is_object() ? value.at("project").get<std::string>() : value.get<std::string>();
     std::wstring folder = value.is_object() && value.contains("folder") ? W(value["folder"]) : std::wstring();
     vbe_->SaveProject(ProjectNamed(name), folder);
+  } else if (kind == "addReference" || kind == "removeReference") {
+    // The user ticks or unticks a library in the references of a project, the active one
+    // unless the step names it.
+    const bool add = kind == "addReference";
+    auto project = value.is_object() && value.contains("project")
+                       ? ProjectNamed(value["project"].get<std::string>())
+                       : std::static_pointer_cast<host::MemoryProject>(vbe_->ActiveVBProject());
+    if (!project) throw ScenarioError{label + ": there is no project to change the references of"};
+    const std::wstring name = W(value.is_object() ? value.at("name") : value);
+    std::vector<io::ReferenceInfo> refs;
+    bool found = false;
+    for (const auto& r : project->ReferenceList()) {
+      const bool same = vba::EqualsText(r->Info().name, name);
+      found = found || same;
+      if (!(same && !add)) refs.push_back(r->Info());
+    }
+    if (add && found) throw ScenarioError{label + ": project " + U(project->Name()) + " has a reference " + U(name) + " already"};
+    if (!add && !found) throw ScenarioError{label + ": project " + U(project->Name()) + " has no reference " + U(name)};
+    if (add) refs.push_back(ReferenceOf(value));
+    project->SetReferences(refs);
   } else if (kind == "clipboard") {
     platform_->ClipboardClear();
     platform_->ClipboardSetText(W(value));
