@@ -140,6 +140,15 @@ host::Selection RandomPlace(ModuleMaker& m, const Lines& lines) {
   return {a.startLine, a.startColumn, b.endLine, b.endColumn};
 }
 
+// Whether `now` is `old` grown around what it held: text put before, after or inside it.
+bool Grown(const std::wstring& old, const std::wstring& now) {
+  std::size_t a = 0;
+  while (a < old.size() && a < now.size() && old[a] == now[a]) ++a;
+  std::size_t b = 0;
+  while (b < old.size() - a && b < now.size() - a && old[old.size() - 1 - b] == now[now.size() - 1 - b]) ++b;
+  return a + b == old.size();
+}
+
 // Empty when `after` keeps every line of `before` in order apart from one edit; else what
 // went wrong.
 std::string LostLine(const Lines& before, const Lines& after) {
@@ -154,31 +163,18 @@ std::string LostLine(const Lines& before, const Lines& after) {
   const std::wstring& old = before[p];
   if (vba::Trim(old).empty()) return {};
   // A line with text may only have grown around what it held.
-  for (std::size_t i = p; i < after.size() - q; ++i) {
-    const std::wstring& now = after[i];
-    std::size_t a = 0;
-    while (a < old.size() && a < now.size() && old[a] == now[a]) ++a;
-    std::size_t b = 0;
-    while (b < old.size() - a && b < now.size() - a && old[old.size() - 1 - b] == now[now.size() - 1 - b]) ++b;
-    if (a + b == old.size()) return {};
-  }
+  for (std::size_t i = p; i < after.size() - q; ++i)
+    if (Grown(old, after[i])) return {};
   return "line " + std::to_string(p + 1) + " \"" + vba::ToUtf8(old) + "\" overwritten";
 }
 
 // For commands that write in two places (a declaration and the name at the caret): every
 // line with text still stands, in order, as it was or grown around what it held.
 std::string LostLineOfMany(const Lines& before, const Lines& after) {
-  auto grown = [](const std::wstring& old, const std::wstring& now) {
-    std::size_t a = 0;
-    while (a < old.size() && a < now.size() && old[a] == now[a]) ++a;
-    std::size_t b = 0;
-    while (b < old.size() - a && b < now.size() - a && old[old.size() - 1 - b] == now[now.size() - 1 - b]) ++b;
-    return a + b == old.size();
-  };
   std::size_t at = 0;
   for (std::size_t i = 0; i < before.size(); ++i) {
     if (vba::Trim(before[i]).empty()) continue;
-    while (at < after.size() && !grown(before[i], after[at])) ++at;
+    while (at < after.size() && !Grown(before[i], after[at])) ++at;
     if (at == after.size()) return "line " + std::to_string(i + 1) + " \"" + vba::ToUtf8(before[i]) + "\" lost";
     ++at;
   }
@@ -300,43 +296,98 @@ TEST(NoLostLine, EveryStatementCommandKeepsEveryUserLine) {
             << seconds << " s\n";
 }
 
+// Random modules played in the in-memory editor: each case loads a module, puts the caret
+// at a random place, lets the test act, and checks that every line of the user's is still
+// there, in order. Five failures end the run; each names the seed and the case.
+class EditorPlay {
+ public:
+  explicit EditorPlay(unsigned seedOffset)
+      : settings_(FromEnvironment()), rng_(settings_.seed + seedOffset), maker(rng_),
+        module_(fx.Module(L"Module1", {})->Module()) {}
+
+  // How many cases: the run's count divided by `share`, at least one.
+  long Cases(long share) const { return std::max(1L, settings_.cases / share); }
+  bool Going(long n, long cases) const { return n < cases && failures_ < 5; }
+
+  // A new case: its module and a random place, loaded with the caret there (`caretOnly`: the
+  // place's start, as a bare caret).
+  void Next(bool caretOnly) {
+    lines = maker.Make();
+    place = RandomPlace(maker, lines);
+    Load(caretOnly);
+  }
+  // The case's module loaded again, the caret at its place.
+  void Load(bool caretOnly) {
+    if (module_->CountOfLines() > 0) module_->DeleteLines(1, module_->CountOfLines());
+    if (!lines.empty()) module_->InsertLines(1, vba::JoinLines(lines));
+    fx.Pane().SetSelection(caretOnly ? place.Start() : place);
+  }
+  Lines After() const {
+    Lines after;
+    for (long i = 1; i <= module_->CountOfLines(); ++i) after.push_back(module_->Lines(i, 1));
+    return after;
+  }
+  // Checks the module against the case's lines: one edit (`several` false) or edits in
+  // several places; `mustWrite` fails a case that added no line. Returns the lines after.
+  Lines Check(const std::string& what, long n, bool several, bool mustWrite = false) {
+    Lines after = After();
+    std::string lost = several ? LostLineOfMany(lines, after) : LostLine(lines, after);
+    if (lost.empty() && mustWrite && after.size() <= lines.size()) lost = "nothing was written";
+    if (!lost.empty()) {
+      ++failures_;
+      ADD_FAILURE() << what << ": " << lost << " (seed " << settings_.seed << ", case " << n << ")\n"
+                    << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    }
+    return after;
+  }
+
+ private:
+  Settings settings_;
+  std::mt19937 rng_;
+
+ public:
+  ModuleMaker maker;
+  test::SessionFixture fx;
+  Lines lines;
+  host::Selection place;
+
+ private:
+  std::shared_ptr<host::MemoryCodeModule> module_;
+  long failures_ = 0;
+};
+
+// The settings of error handling and a plain scheme in the ErrorHandlers folder.
+void PlainErrorHandlerWrite(test::SessionFixture& fx) {
+  fx.session.settings[settings::kBaseFolder] = std::wstring(L"\\vbcode\\");
+  fx.session.settings[settings::kExitHandler] = std::wstring(L"HandleExit");
+  fx.session.settings[settings::kModuleNameConstant] = std::wstring(L"cstrModule");
+  fx.session.settings[settings::kProcedureNameConstant] = std::wstring(L"cstrProcedure");
+  fx.Write("vbcode/Fragments/ErrorHandlers/Plain.bas",
+           "    On Error GoTo HandleError\r\n<end_of_top>\r\n<begin_of_bottom>\r\nHandleExit:\r\n    Exit {PROCEDURETYPE}\r\n"
+           "HandleError:\r\n    Err.Raise Err.Number, \"{MODULENAME}.{PROCEDURENAME}\"\r\n");
+}
+
 // The same invariant through the dispatcher and the in-memory editor: what lands in the
 // module, not only the edit computed for it.
 TEST(NoLostLine, TheDispatcherKeepsEveryUserLineInTheEditor) {
-  Settings settings = FromEnvironment();
-  std::mt19937 rng(settings.seed + 1);
-  ModuleMaker maker(rng);
-  test::SessionFixture fx;
-  auto component = fx.Module(L"Module1", {});
-  auto module = component->Module();
-  long cases = std::max(1L, settings.cases / 10);
-  long failures = 0;
-  for (long n = 0; n < cases && failures < 5; ++n) {
-    Lines lines = maker.Make();
-    host::Selection place = RandomPlace(maker, lines);
+  EditorPlay play(1);
+  test::SessionFixture& fx = play.fx;
+  const long cases = play.Cases(10);
+  for (long n = 0; play.Going(n, cases); ++n) {
+    play.Next(false);
     for (const wchar_t* command : {L"On Error GoTo 0", L"Exit", L"If Then Else If", L"ForNext", L"While"}) {
-      if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-      if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
-      fx.Pane().SetSelection(place);
+      play.Load(false);
       fx.uiHost.AnswerInputBox(L"1");
       std::wstring argument;
       generators::QuilletHandle(fx.session, command, argument);
       fx.platform.DoEvents();  // the keystrokes the command sent land
-      Lines after;
-      for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-      std::string lost = LostLine(lines, after);
-      if (lost.empty()) continue;
-      ++failures;
-      ADD_FAILURE() << vba::ToUtf8(command) << ": " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
-                    << Show(lines, place);
+      play.Check(vba::ToUtf8(command), n, false);
     }
     // The quick boxes of Dim and Const, filled and confirmed as a user does.
     fx.session.showMode = 0;
     for (const wchar_t* command : {L"Dim", L"Const"}) {
-      if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-      if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
       // A selected word is the proposed name and gives way to it: a bare caret here.
-      fx.Pane().SetSelection(place.Start());
+      play.Load(true);
       std::wstring argument = L"Long";
       generators::QuilletHandle(fx.session, command, argument);
       if (fx.session.openForms.empty()) continue;
@@ -347,13 +398,7 @@ TEST(NoLostLine, TheDispatcherKeepsEveryUserLineInTheEditor) {
       box->cmdOK.SetValue(true);  // pressed, as a click does
       kernel::ReleaseClosedForms(fx.session);
       fx.platform.DoEvents();
-      Lines after;
-      for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-      std::string lost = LostLineOfMany(lines, after);
-      if (lost.empty()) continue;
-      ++failures;
-      ADD_FAILURE() << vba::ToUtf8(command) << ": " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
-                    << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+      play.Check(vba::ToUtf8(command), n, true);
     }
     fx.session.showMode = 1;
   }
@@ -362,10 +407,8 @@ TEST(NoLostLine, TheDispatcherKeepsEveryUserLineInTheEditor) {
 // Error handling puts its block in several places and may declare two constants: every
 // line of the user's stays, in order, whichever shipped scheme is chosen.
 TEST(NoLostLine, ErrorHandlingKeepsEveryUserLineInTheEditor) {
-  Settings settings = FromEnvironment();
-  std::mt19937 rng(settings.seed + 2);
-  ModuleMaker maker(rng);
-  test::SessionFixture fx;
+  EditorPlay play(2);
+  test::SessionFixture& fx = play.fx;
   const std::filesystem::path shipped = std::filesystem::path(QUILLET_SOURCE_DIR) / "data" / "vbcode";
   const std::filesystem::path home = fx.temp.root / "c" / "Program Files" / "Quillet" / "vbcode";
   std::filesystem::create_directories(home);
@@ -380,28 +423,15 @@ TEST(NoLostLine, ErrorHandlingKeepsEveryUserLineInTheEditor) {
       {settings::kErrorHandleModule, L"basErrorHandle"}, {settings::kModuleNameConstant, L"cstrModule"},
       {settings::kProcedureNameConstant, L"cstrProcedure"}};
   for (const auto& [item, value] : values) fx.session.settings[item] = std::wstring(value);
-  auto component = fx.Module(L"Module1", {});
-  auto module = component->Module();
-  long cases = std::max(1L, settings.cases / 10);
-  long failures = 0, placed = 0;
-  for (long n = 0; n < cases && failures < 5; ++n) {
-    Lines lines = maker.Make();
-    host::Selection place = RandomPlace(maker, lines);
-    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
-    fx.Pane().SetSelection(place);
+  const long cases = play.Cases(10);
+  long placed = 0;
+  for (long n = 0; play.Going(n, cases); ++n) {
+    play.Next(false);
     fx.session.settings[settings::kMakeModuleConstantTrue] = n % 2 == 0;
     fx.session.settings[settings::kMakeProcedureConstantTrue] = n % 3 != 0;
     std::wstring scheme = schemes[static_cast<std::size_t>(n) % schemes.size()];
     generators::QuilletHandle(fx.session, L"ErrorHandling", scheme);
-    Lines after;
-    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-    if (after.size() > lines.size()) ++placed;
-    std::string lost = LostLineOfMany(lines, after);
-    if (lost.empty()) continue;
-    ++failures;
-    ADD_FAILURE() << "ErrorHandling " << vba::ToUtf8(scheme) << ": " << lost << " (seed " << settings.seed
-                  << ", case " << n << ")\n" << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    if (play.Check("ErrorHandling " + vba::ToUtf8(scheme), n, true).size() > play.lines.size()) ++placed;
   }
   EXPECT_GT(placed, 0) << "no case reached a procedure";
 }
@@ -409,36 +439,21 @@ TEST(NoLostLine, ErrorHandlingKeepsEveryUserLineInTheEditor) {
 // A fragment writes up to three places of the procedure at the caret and declares its
 // variables: every line of the user's stays, in order, wherever the caret stands.
 TEST(NoLostLine, FragmentInsertionKeepsEveryUserLineInTheEditor) {
-  Settings settings = FromEnvironment();
-  std::mt19937 rng(settings.seed + 3);
-  ModuleMaker maker(rng);
-  test::SessionFixture fx;
+  EditorPlay play(3);
+  test::SessionFixture& fx = play.fx;
   fx.session.settings[settings::kDeclarationIndented] = true;
   const wchar_t* fragments[] = {
       L"Now()",
       L"{STRING} = \"x\"\r\nDebug.Print {STRING}<cursor>\r\n",
       L"Dim t As Single\r\n<end_of_top>\r\nt = Timer\r\n<begin_of_bottom>\r\nDebug.Print Timer - t",
       L"{LONG:n=3}<end_of_top>\r\n<begin_of_bottom>Set {OBJECT:o} = Nothing"};
-  auto component = fx.Module(L"Module1", {});
-  auto module = component->Module();
-  long cases = std::max(1L, settings.cases / 10);
-  long failures = 0, grown = 0;
-  for (long n = 0; n < cases && failures < 5; ++n) {
-    Lines lines = maker.Make();
-    host::Selection place = RandomPlace(maker, lines);
-    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
-    fx.Pane().SetSelection(place.Start());
+  const long cases = play.Cases(10);
+  long grown = 0;
+  for (long n = 0; play.Going(n, cases); ++n) {
+    play.Next(true);
     const std::wstring fragment = fragments[static_cast<std::size_t>(n) % std::size(fragments)];
     generators::FragmentInsert(fx.session, fragment);
-    Lines after;
-    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-    if (after.size() > lines.size() + 1) ++grown;
-    std::string lost = LostLineOfMany(lines, after);
-    if (lost.empty()) continue;
-    ++failures;
-    ADD_FAILURE() << "Fragment " << vba::ToUtf8(fragment) << ": " << lost << " (seed " << settings.seed << ", case "
-                  << n << ")\n" << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    if (play.Check("Fragment " + vba::ToUtf8(fragment), n, true).size() > play.lines.size() + 1) ++grown;
   }
   EXPECT_GT(grown, 0) << "no fragment wrote several places";
 }
@@ -446,45 +461,23 @@ TEST(NoLostLine, FragmentInsertionKeepsEveryUserLineInTheEditor) {
 // The Procedure Builder writes behind the module's last line and may declare the module
 // constant: with any mix of its options, every line of the user's stays, in order.
 TEST(NoLostLine, TheProcedureBuilderKeepsEveryUserLineInTheEditor) {
-  Settings settings = FromEnvironment();
-  std::mt19937 rng(settings.seed + 4);
-  ModuleMaker maker(rng);
-  test::SessionFixture fx;
+  EditorPlay play(4);
+  test::SessionFixture& fx = play.fx;
   fx.session.hostName = L"Excel";
-  fx.session.settings[settings::kBaseFolder] = std::wstring(L"\\vbcode\\");
-  fx.session.settings[settings::kExitHandler] = std::wstring(L"HandleExit");
-  fx.session.settings[settings::kModuleNameConstant] = std::wstring(L"cstrModule");
-  fx.session.settings[settings::kProcedureNameConstant] = std::wstring(L"cstrProcedure");
-  fx.Write("vbcode/Fragments/ErrorHandlers/Plain.bas",
-           "    On Error GoTo HandleError\r\n<end_of_top>\r\n<begin_of_bottom>\r\nHandleExit:\r\n    Exit {PROCEDURETYPE}\r\n"
-           "HandleError:\r\n    Err.Raise Err.Number, \"{MODULENAME}.{PROCEDURENAME}\"\r\n");
-  auto component = fx.Module(L"Module1", {});
-  auto module = component->Module();
-  long cases = std::max(1L, settings.cases / 30);
-  long failures = 0;
-  for (long n = 0; n < cases && failures < 5; ++n) {
-    Lines lines = maker.Make();
-    host::Selection place = RandomPlace(maker, lines);
-    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
-    fx.Pane().SetSelection(place.Start());
+  PlainErrorHandlerWrite(fx);
+  const long cases = play.Cases(30);
+  for (long n = 0; play.Going(n, cases); ++n) {
+    play.Next(true);
     generators::FrmProcedure form(fx.session);
     form.Init();
     form.txtName.SetText(L"qProc" + std::to_wstring(n));
-    form.cboProcType.SetListIndex(maker.Pick(0, 1));
-    form.cboAddErrorHandler.SetListIndex(maker.Chance(2) ? form.cboAddErrorHandler.FindStringExact(L"Plain") : 0);
+    form.cboProcType.SetListIndex(play.maker.Pick(0, 1));
+    form.cboAddErrorHandler.SetListIndex(play.maker.Chance(2) ? form.cboAddErrorHandler.FindStringExact(L"Plain") : 0);
     for (ui::CheckBox* box : {&form.chkAddHourglass, &form.chkAddProcedureConstant, &form.chkAddModuleConstant,
                               &form.chkAddReturnStatement})
-      if (box->Enabled()) box->SetValue(maker.Pick(0, 1));
+      if (box->Enabled()) box->SetValue(play.maker.Pick(0, 1));
     form.PressOk();
-    Lines after;
-    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-    std::string lost = LostLineOfMany(lines, after);
-    if (after.size() <= lines.size()) lost = "nothing was written";
-    if (lost.empty()) continue;
-    ++failures;
-    ADD_FAILURE() << "Procedure Builder: " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
-                  << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    play.Check("Procedure Builder", n, true, true);
   }
 }
 
@@ -492,47 +485,25 @@ TEST(NoLostLine, TheProcedureBuilderKeepsEveryUserLineInTheEditor) {
 // procedures there too, behind the last line, or below a caret that stands in the comments
 // above a procedure or the blanks behind one: in each case every line of the user's stays.
 TEST(NoLostLine, ThePropertyBuilderKeepsEveryUserLineInTheEditor) {
-  Settings settings = FromEnvironment();
-  std::mt19937 rng(settings.seed + 5);
-  ModuleMaker maker(rng);
-  test::SessionFixture fx;
+  EditorPlay play(5);
+  test::SessionFixture& fx = play.fx;
   fx.session.hostName = L"Access";
-  fx.session.settings[settings::kBaseFolder] = std::wstring(L"\\vbcode\\");
-  fx.session.settings[settings::kExitHandler] = std::wstring(L"HandleExit");
-  fx.session.settings[settings::kModuleNameConstant] = std::wstring(L"cstrModule");
-  fx.session.settings[settings::kProcedureNameConstant] = std::wstring(L"cstrProcedure");
-  fx.Write("vbcode/Fragments/ErrorHandlers/Plain.bas",
-           "    On Error GoTo HandleError\r\n<end_of_top>\r\n<begin_of_bottom>\r\nHandleExit:\r\n    Exit {PROCEDURETYPE}\r\n"
-           "HandleError:\r\n    Err.Raise Err.Number, \"{MODULENAME}.{PROCEDURENAME}\"\r\n");
-  auto component = fx.Module(L"Module1", {});
-  auto module = component->Module();
+  PlainErrorHandlerWrite(fx);
   const wchar_t* types[] = {L"String", L"Collection", L"Variant"};
-  long cases = std::max(1L, settings.cases / 30);
-  long failures = 0;
-  for (long n = 0; n < cases && failures < 5; ++n) {
-    Lines lines = maker.Make();
-    host::Selection place = RandomPlace(maker, lines);
-    if (module->CountOfLines() > 0) module->DeleteLines(1, module->CountOfLines());
-    if (!lines.empty()) module->InsertLines(1, vba::JoinLines(lines));
-    fx.Pane().SetSelection(place.Start());
+  const long cases = play.Cases(30);
+  for (long n = 0; play.Going(n, cases); ++n) {
+    play.Next(true);
     generators::FrmProperty form(fx.session);
     form.Init();
-    form.AddProcedureToEndOfModule = maker.Chance(3);
+    form.AddProcedureToEndOfModule = play.maker.Chance(3);
     form.txtName.SetText(L"qProp" + std::to_wstring(n));
-    form.cboDataType.SetText(types[maker.Pick(0, 2)]);
-    form.chkGet.SetValue(maker.Pick(0, 1));
-    form.cboAddErrorHandler.SetListIndex(maker.Chance(2) ? form.cboAddErrorHandler.FindStringExact(L"Plain") : 0);
+    form.cboDataType.SetText(types[play.maker.Pick(0, 2)]);
+    form.chkGet.SetValue(play.maker.Pick(0, 1));
+    form.cboAddErrorHandler.SetListIndex(play.maker.Chance(2) ? form.cboAddErrorHandler.FindStringExact(L"Plain") : 0);
     for (ui::CheckBox* box : {&form.chkAddHourglass, &form.chkAddProcedureConstant, &form.chkAddModuleConstant})
-      box->SetValue(maker.Pick(0, 1));
+      box->SetValue(play.maker.Pick(0, 1));
     form.PressOK(false);
-    Lines after;
-    for (long i = 1; i <= module->CountOfLines(); ++i) after.push_back(module->Lines(i, 1));
-    std::string lost = LostLineOfMany(lines, after);
-    if (after.size() <= lines.size()) lost = "nothing was written";
-    if (lost.empty()) continue;
-    ++failures;
-    ADD_FAILURE() << "Property Builder: " << lost << " (seed " << settings.seed << ", case " << n << ")\n"
-                  << Show(lines, place) << "after:\n" << Show(after, fx.Pane().GetSelection());
+    play.Check("Property Builder", n, true, true);
   }
 }
 
