@@ -5,6 +5,7 @@
 #include "analysis/refresh.h"
 #include "generators/frm_const.h"
 #include "generators/scope.h"
+#include "generators/type_combo.h"
 #include "generators/values.h"
 #include "kernel/errors.h"
 #include "settings/name_checks.h"
@@ -35,7 +36,7 @@ FrmArgument::FrmArgument(kernel::Session& s)
       lblName(Add<ui::Label>(L"lblName")),
       txtName(Add<ui::TextBox>(L"txtName")),
       lblDataType(Add<ui::Label>(L"lblDataType")),
-      cboDataType(Add<ui::ComboBox>(L"cboDataType")),
+      cboDataType(TypeComboAdd(*this, L"cboDataType")),
       fraByValByRef(Add<ui::Frame>(L"fraByValByRef")),
       picByValByRef(Add<ui::PictureBox>(L"picByValByRef", &fraByValByRef)),
       optByVal0(Add<ui::OptionButton>(L"optByVal", &picByValByRef, 0)),

@@ -5,6 +5,7 @@
 #include "generators/frm_input_box.h"
 #include "generators/scope.h"
 #include "generators/selection.h"
+#include "generators/type_combo.h"
 #include "generators/var_const_code.h"
 #include "kernel/position.h"
 #include "settings/error_handlers.h"
@@ -19,7 +20,7 @@ DeclBuilder::DeclBuilder(kernel::Session& s, std::wstring formName)
       lblName(Add<ui::Label>(L"lblName")),
       txtName(Add<ui::TextBox>(L"txtName")),
       lblDataType(Add<ui::Label>(L"lblDataType")),
-      cboDataType(Add<ui::ComboBox>(L"cboDataType")),
+      cboDataType(TypeComboAdd(*this, L"cboDataType")),
       lblAccessibility(Add<ui::Label>(L"lblAccessibility")),
       cboAccessibility(Add<ui::ComboBox>(L"cboAccessibility")),
       lblModule(Add<ui::Label>(L"lblModule")),

@@ -6,6 +6,7 @@
 #include "generators/frm_input_box.h"
 #include "generators/module_create.h"
 #include "generators/scope.h"
+#include "generators/type_combo.h"
 #include "kernel/errors.h"
 #include "kernel/position.h"
 #include "kernel/product.h"
@@ -39,7 +40,7 @@ FrmProcedure::FrmProcedure(kernel::Session& s)
       lblModule(Add<ui::Label>(L"lblModule")),
       cboModule(Add<ui::ComboBox>(L"cboModule")),
       lblReturnValueType(Add<ui::Label>(L"lblReturnValueType")),
-      cboReturnValueType(Add<ui::ComboBox>(L"cboReturnValueType")),
+      cboReturnValueType(TypeComboAdd(*this, L"cboReturnValueType")),
       lblArguments(Add<ui::Label>(L"lblArguments")),
       lstArguments(Add<ui::ListBox>(L"lstArguments")),
       cmdNewArg(Add<ui::CommandButton>(L"cmdNewArg")),

@@ -7,6 +7,7 @@
 #include "generators/module_create.h"
 #include "generators/procedure.h"
 #include "generators/scope.h"
+#include "generators/type_combo.h"
 #include "kernel/errors.h"
 #include "kernel/position.h"
 #include "kernel/product.h"
@@ -28,7 +29,7 @@ FrmProperty::FrmProperty(kernel::Session& s)
       lblName(Add<ui::Label>(L"lblName")),
       txtName(Add<ui::TextBox>(L"txtName")),
       lblDataType(Add<ui::Label>(L"lblDataType")),
-      cboDataType(Add<ui::ComboBox>(L"cboDataType")),
+      cboDataType(TypeComboAdd(*this, L"cboDataType")),
       fraProp(Add<ui::Frame>(L"fraProp")),
       chkGet(Add<ui::CheckBox>(L"chkGet", &fraProp)),
       chkSet(Add<ui::CheckBox>(L"chkSet", &fraProp)),

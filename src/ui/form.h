@@ -127,6 +127,9 @@ class Form {
   // The form as data, in the shape of the scenario dump:
   // {"form", "caption", "left", "top", "width", "height", "visible", "controls": [...]}.
   nlohmann::json Describe() const;
+  // What closing the form decided, for the record of a run (a pop-up's key and choice);
+  // null for a form that decides nothing by closing.
+  virtual nlohmann::json Outcome() const { return nullptr; }
 
   Event<> OnLoad;
   Event<> OnActivate;

@@ -1,5 +1,7 @@
 #include "ui/frm_list.h"
 
+#include "vba/encoding.h"
+
 namespace quillet::ui {
 
 FrmList::FrmList(UiContext& context) : Form(context, L"frmList") {
@@ -17,7 +19,7 @@ FrmList::FrmList(UiContext& context) : Form(context, L"frmList") {
     }
     lstList.SetListIndex(0);
     lstList.SetFocus();
-    captured_ = true;
+    Capture();
   };
   lstList.OnKeyPress = [this](int& keyAscii) {
     if (keyAscii == vbKeyReturn || keyAscii == vbKeySpace) {
@@ -46,17 +48,30 @@ void FrmList::Choose() {
 void FrmList::Close(int key) {
   if (!Visible()) return;
   closeKey_ = key;
-  captured_ = false;
+  Context().ReleaseCapture(*this);
   if (unloadOnClose_) Unload();
   else Hide();
 }
 
+void FrmList::Capture() {
+  Context().SetCapture(*this, [this] { MouseDownOutside(); });
+}
+
+bool FrmList::MouseCaptured() const { return Context().Capture() == this; }
+
 void FrmList::MouseDownOutside() {
-  if (captured_) Close(vbKeyEscape);
+  if (MouseCaptured()) Close(vbKeyEscape);
 }
 
 void FrmList::MouseDownInside() {
-  if (Visible()) captured_ = true;
+  if (Visible()) Capture();
+}
+
+nlohmann::json FrmList::Outcome() const {
+  return {{"closeKey", closeKey_},
+          {"chosenText", vba::ToUtf8(chosenText_)},
+          {"chosenItemData", chosenItemData_},
+          {"mouseCaptured", MouseCaptured()}};
 }
 
 }  // namespace quillet::ui

@@ -28,19 +28,22 @@ class FrmList : public Form {
 
   // While it shows, the list holds the mouse: a press outside its area closes it as
   // Escape; a press inside takes the mouse back after the list's own handling.
-  bool MouseCaptured() const { return captured_; }
+  bool MouseCaptured() const;
   void MouseDownOutside();
   void MouseDownInside();
+
+  // {"closeKey", "chosenText", "chosenItemData", "mouseCaptured"}.
+  nlohmann::json Outcome() const override;
 
  private:
   void Choose();
   void Close(int key);
+  void Capture();
 
   std::wstring chosenText_;
   long chosenItemData_ = 0;
   int closeKey_ = 0;
   bool unloadOnClose_ = false;
-  bool captured_ = false;
 };
 
 }  // namespace quillet::ui

@@ -1,5 +1,7 @@
 #include "ui/frm_text_input.h"
 
+#include "vba/encoding.h"
+
 namespace quillet::ui {
 
 FrmTextInput::FrmTextInput(UiContext& context) : Form(context, L"frmTextInput") {
@@ -8,7 +10,7 @@ FrmTextInput::FrmTextInput(UiContext& context) : Form(context, L"frmTextInput") 
   txtInput.Move(0, 0, 2400, 285);
 
   OnActivate = [this] {
-    captured_ = true;
+    Context().SetCapture(*this, [this] { MouseDownOutside(); });
     txtInput.SetFocus();
   };
   txtInput.OnKeyPress = [this](int& keyAscii) {
@@ -30,12 +32,18 @@ void FrmTextInput::Init() {
 void FrmTextInput::Close(int key) {
   closeKey_ = key;
   text_ = key == vbKeyReturn ? txtInput.Text() : std::wstring();
-  captured_ = false;
+  Context().ReleaseCapture(*this);
   Hide();
 }
 
+bool FrmTextInput::MouseCaptured() const { return Context().Capture() == this; }
+
 void FrmTextInput::MouseDownOutside() {
-  if (captured_) Close(vbKeyEscape);
+  if (MouseCaptured()) Close(vbKeyEscape);
+}
+
+nlohmann::json FrmTextInput::Outcome() const {
+  return {{"closeKey", closeKey_}, {"text", vba::ToUtf8(text_)}, {"mouseCaptured", MouseCaptured()}};
 }
 
 }  // namespace quillet::ui

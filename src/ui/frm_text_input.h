@@ -21,16 +21,18 @@ class FrmTextInput : public Form {
   const std::wstring& EnteredText() const { return text_; }
   int CloseKey() const { return closeKey_; }
 
-  bool MouseCaptured() const { return captured_; }
+  bool MouseCaptured() const;
   // A mouse press outside its area counts as Escape.
   void MouseDownOutside();
+
+  // {"closeKey", "text", "mouseCaptured"}.
+  nlohmann::json Outcome() const override;
 
  private:
   void Close(int key);
 
   std::wstring text_;
   int closeKey_ = 0;
-  bool captured_ = false;
 };
 
 }  // namespace quillet::ui

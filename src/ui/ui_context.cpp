@@ -26,6 +26,7 @@ void UiContext::Loaded(Form& form) {
 }
 
 void UiContext::Unloaded(Form& form) {
+  ReleaseCapture(form);
   Erase(forms_, form);
   Erase(activation_, form);
 }
@@ -41,6 +42,7 @@ void UiContext::Activate(Form& form) {
 }
 
 void UiContext::Hidden(Form& form) {
+  ReleaseCapture(form);
   bool wasActive = ActiveForm() == &form;
   Erase(activation_, form);
   if (!wasActive) return;
@@ -54,9 +56,29 @@ void UiContext::PopModal(Form& form) {
 }
 
 void UiContext::Forget(Form& form) {
+  ReleaseCapture(form);
   Erase(forms_, form);
   Erase(activation_, form);
   Erase(modal_, form);
+}
+
+void UiContext::SetCapture(Form& form, std::function<void()> pressOutside) {
+  capture_ = &form;
+  pressOutside_ = std::move(pressOutside);
+}
+
+void UiContext::ReleaseCapture(const Form& form) {
+  if (capture_ != &form) return;
+  capture_ = nullptr;
+  pressOutside_ = nullptr;
+}
+
+bool UiContext::PressOutsideCapture() {
+  if (!capture_) return false;
+  // The handler may release the capture (and so itself) while it runs.
+  std::function<void()> handler = pressOutside_;
+  if (handler) handler();
+  return true;
 }
 
 }  // namespace quillet::ui

@@ -1,6 +1,7 @@
 #pragma once
 // Per-session state of the forms: the host that shows them, the clock their timers run
 // on, and the collection of loaded forms with which one is active and which are modal.
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,15 @@ class UiContext {
   // The innermost modal form that is showing; nullptr when none is.
   Form* TopModal() const { return modal_.empty() ? nullptr : modal_.back(); }
 
+  // The mouse capture: while a form holds it, every mouse press comes to that form, inside
+  // its area or not, and `pressOutside` is what a press outside its area does. Hiding or
+  // unloading the form releases it.
+  void SetCapture(Form& form, std::function<void()> pressOutside);
+  void ReleaseCapture(const Form& form);
+  Form* Capture() const { return capture_; }
+  // A mouse press outside the capturing form's area; false when no form holds the mouse.
+  bool PressOutsideCapture();
+
  private:
   friend class Form;
   void Loaded(Form& form);
@@ -48,6 +58,8 @@ class UiContext {
   std::vector<Form*> forms_;
   std::vector<Form*> activation_;  // visible forms, the active one last
   std::vector<Form*> modal_;
+  Form* capture_ = nullptr;
+  std::function<void()> pressOutside_;
 };
 
 }  // namespace quillet::ui

@@ -326,4 +326,18 @@ bool UserInput::CloseForm(Form& form) {
   return form.Unload(vbFormControlMenu);
 }
 
+bool UserInput::PressOutside(Form& form) {
+  CheckForm(form);
+  if (form.Context().Capture() != &form)
+    Refuse(L"form '" + form.Name() + L"' does not hold the mouse: a press outside it lands on the window beneath");
+  return form.Context().PressOutsideCapture();
+}
+
+bool UserInput::Leave(Form& form) {
+  CheckForm(form);
+  if (form.Context().ActiveForm() != &form) Refuse(L"form '" + form.Name() + L"' does not have the focus");
+  if (Control* c = form.ActiveControl()) c->Raise(c->OnLostFocus);
+  return true;
+}
+
 }  // namespace quillet::ui

@@ -95,6 +95,13 @@ class UserInput {
 
   // The user closes the form with its close box: QueryUnload with vbFormControlMenu.
   static bool CloseForm(Form& form);
+
+  // A mouse press outside the form's area. Only a form that holds the mouse capture sees
+  // it (a pop-up closes on it); any other form's press would land on the window beneath.
+  static bool PressOutside(Form& form);
+  // The focus leaves the active form for a window outside the program: the control that
+  // has the focus gets LostFocus, and has the focus again when the user comes back.
+  static bool Leave(Form& form);
 };
 
 }  // namespace quillet::ui

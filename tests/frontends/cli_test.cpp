@@ -41,7 +41,7 @@ TEST(CommandLine, HelpListsTheSubcommandsAndScriptHelpTheContract) {
   Outcome script = Quillet("script --help");
   EXPECT_EQ(script.status, 0);
   for (const char* piece : {"\"command\": \"If Then Else\", \"argument\"", "Exit status", "  2  unreadable input",
-                            "scenario-format.md", "at most 4 MiB"})
+                            "scenario-format.md", "at most 4 MiB", "\"clickOutside\": true", "\"leave\": true"})
     EXPECT_NE(script.out.find(piece), std::string::npos) << piece;
 
   EXPECT_EQ(Quillet("").status, 2);

@@ -141,6 +141,54 @@ TEST_F(PopupTest, TheTextInputTakesItsTextOnEnterAndDropsItOnEscape) {
   EXPECT_FALSE(input.MouseCaptured());
 }
 
+TEST_F(PopupTest, ThePopUpsHoldTheMouseUntilTheyCloseHoweverTheyClose) {
+  owner.Show();
+  // A press outside a form that does not hold the mouse lands elsewhere: refused.
+  EXPECT_THROW(UserInput::PressOutside(owner), InputRefused);
+
+  FillList();
+  host.QueueAction([&] {
+    EXPECT_EQ(context.Capture(), &list);
+    UserInput::PressOutside(list);
+  });
+  ShowListForm(owner.txtName, owner, list);
+  EXPECT_EQ(list.CloseKey(), vbKeyEscape);
+  EXPECT_EQ(context.Capture(), nullptr);
+  EXPECT_EQ(list.Outcome(), (nlohmann::json{{"closeKey", 27}, {"chosenText", ""}, {"chosenItemData", 0},
+                                            {"mouseCaptured", false}}));
+
+  // The list loses the focus to another window: Escape, and the mouse is free again.
+  host.QueueAction([&] { UserInput::Leave(list); });
+  ShowListForm(owner.txtName, owner, list);
+  EXPECT_EQ(list.CloseKey(), vbKeyEscape);
+  EXPECT_EQ(context.Capture(), nullptr);
+  // Only the form with the focus can lose it.
+  FrmSample other(context, L"frmOther");
+  other.Show();
+  EXPECT_THROW(UserInput::Leave(owner), InputRefused);
+  other.Hide();
+
+  // Closed by code while it holds the mouse, the list lets it go too.
+  host.QueueAction([&] { list.Unload(); });
+  ShowListForm(owner.txtName, owner, list);
+  EXPECT_EQ(context.Capture(), nullptr);
+
+  // The text input keeps the mouse through a loss of the focus (it has no rule for it) and
+  // gives it back when it closes.
+  FrmTextInput input(context);
+  input.Init();
+  host.QueueAction([&] {
+    UserInput::Set(input.txtInput, "7");
+    UserInput::Leave(input);
+    EXPECT_TRUE(input.Visible());
+    EXPECT_EQ(context.Capture(), &input);
+    UserInput::Key(input.txtInput, vbKeyReturn);
+  });
+  ShowPopUpForm(owner.txtName, owner, input);
+  EXPECT_EQ(input.Outcome(), (nlohmann::json{{"closeKey", 13}, {"text", "7"}, {"mouseCaptured", false}}));
+  EXPECT_EQ(owner.Outcome(), nullptr);  // a builder decides nothing by closing
+}
+
 class ComboExpandTest : public UiTest {
  protected:
   ComboExpandTest() {

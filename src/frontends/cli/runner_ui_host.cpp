@@ -85,9 +85,17 @@ std::optional<std::wstring> RunnerUiHost::ChooseFolder(std::wstring_view title, 
 
 void RunnerUiHost::FormShown(ui::Form& form, bool modal) { runner_.Record({{"show", U(form.Name())}, {"modal", modal}}); }
 
-void RunnerUiHost::FormHidden(ui::Form& form) { runner_.Record({{"hide", U(form.Name())}}); }
+// A form that decides something by closing (a pop-up's key and choice) has it recorded
+// beside its going.
+void RunnerUiHost::FormGone(const char* kind, ui::Form& form) {
+  json entry = {{kind, U(form.Name())}};
+  if (json outcome = json::parse(form.Outcome().dump()); !outcome.is_null()) entry["outcome"] = std::move(outcome);
+  runner_.Record(std::move(entry));
+}
 
-void RunnerUiHost::FormUnloaded(ui::Form& form) { runner_.Record({{"unload", U(form.Name())}}); }
+void RunnerUiHost::FormHidden(ui::Form& form) { FormGone("hide", form); }
+
+void RunnerUiHost::FormUnloaded(ui::Form& form) { FormGone("unload", form); }
 
 void RunnerUiHost::Pump() { runner_.RunNextStep(); }
 

@@ -28,6 +28,7 @@ class RunnerUiHost : public ui::UiHost {
 
  private:
   std::optional<std::wstring> FileDialog(const char* kind, const ui::FileDialogRequest& request);
+  void FormGone(const char* kind, ui::Form& form);
   ScenarioRunner& runner_;
 };
 

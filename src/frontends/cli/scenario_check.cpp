@@ -17,7 +17,8 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
                        "convertToHtml", "addReference", "removeReference"};
-const Keys kFormActions = {"set", "click", "dblclick", "key", "caret", "node", "item", "label", "tab", "dump", "focus", "close"};
+const Keys kFormActions = {"set",  "click", "dblclick", "clickOutside", "key",   "caret", "node",
+                           "item", "label", "tab",      "dump",         "focus", "close", "leave"};
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
 bool Has(const Keys& keys, const std::string& k) { return std::find(keys.begin(), keys.end(), k) != keys.end(); }
@@ -195,7 +196,7 @@ void FormStep(const json& step, const std::string& label) {
     ScalarMap(v, w);
   } else if (a == "click" || a == "dblclick" || a == "focus") {
     Text(v, w);
-  } else if (a == "close") {
+  } else if (a == "close" || a == "clickOutside" || a == "leave") {
     if (v != true) Refuse(w, "expected true");
   } else if (a == "key") {
     Object(v, w, {"control", "keyAscii", "keyCode", "shift"});

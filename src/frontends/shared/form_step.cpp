@@ -29,6 +29,10 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
     ui::UserInput::DblClick(controlOf(step["dblclick"]));
   } else if (step.contains("close")) {
     ui::UserInput::CloseForm(form);
+  } else if (step.contains("clickOutside")) {
+    ui::UserInput::PressOutside(form);
+  } else if (step.contains("leave")) {
+    ui::UserInput::Leave(form);
   } else if (step.contains("focus")) {
     ui::UserInput::Focus(controlOf(step["focus"]));
   } else if (step.contains("key")) {
@@ -60,7 +64,9 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
       ui::UserInput::ChooseTab(*strip, index.get<int>());
     }
   } else {
-    throw BadFormStep{"a form action sets, clicks, dblclicks, closes, focuses, keys, carets, nodes, items, labels or tabs"};
+    throw BadFormStep{
+        "a form action sets, clicks, dblclicks, clicks outside, closes, leaves, focuses, keys, carets, nodes, items, "
+        "labels or tabs"};
   }
 }
 
