@@ -107,13 +107,45 @@ std::wstring ShortCutTargetPath(kernel::Session& s, std::wstring_view shortcutFi
 }
 
 bool FragmentFileRename(kernel::Session& s, std::wstring_view from, std::wstring_view to, std::wstring_view where) {
-  return FileStep(s, where, [&](io::FileSystem& files) {
+  const bool renamed = FileStep(s, where, [&](io::FileSystem& files) {
     // Another entry of that name, whatever its case, keeps its place: a rename never
     // replaces a file. A change of case of the same file is a rename like any other.
     if (files.Exists(to) && !io::SamePath(from, to))
       vba::Raise(vba::kErrFileAlreadyExists, L"File already exists: " + std::wstring(to));
     files.Rename(from, to);
   });
+  if (renamed && vba::EqualsText(io::ExtensionOf(from), L".bas")) ShortcutsFollow(s, from, to, where);
+  return renamed;
+}
+
+namespace {
+
+// The shortcut files of a folder and of every folder under it.
+void ShortcutFilesUnder(io::FileSystem& files, const std::wstring& folder, std::vector<std::wstring>& out) {
+  std::vector<io::DirEntry> entries;
+  try {
+    entries = files.List(folder + L"\\");
+  } catch (const vba::Error&) {
+    return;  // a folder that cannot be read holds nothing to follow
+  }
+  for (const io::DirEntry& entry : entries) {
+    const std::wstring full = folder + L"\\" + entry.name;
+    if (entry.isFolder) ShortcutFilesUnder(files, full, out);
+    else if (vba::EqualsText(io::ExtensionOf(entry.name), L".lnk")) out.push_back(full);
+  }
+}
+
+}  // namespace
+
+int ShortcutsFollow(kernel::Session& s, std::wstring_view from, std::wstring_view to, std::wstring_view where) {
+  std::vector<std::wstring> shortcuts;
+  ShortcutFilesUnder(s.platform.Files(), WithoutFinalSlash(settings::FragmentsFolderGet(s)), shortcuts);
+  int followed = 0;
+  for (const std::wstring& shortcut : shortcuts) {
+    if (!io::SamePath(ShortCutTargetPath(s, shortcut), from)) continue;
+    followed += FileStep(s, where, [&](io::FileSystem&) { settings::ShortcutRetarget(s, shortcut, to); });
+  }
+  return followed;
 }
 
 bool FragmentFileDelete(kernel::Session& s, std::wstring_view file, std::wstring_view where) {

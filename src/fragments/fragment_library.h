@@ -54,7 +54,14 @@ std::wstring ShortCutTargetPath(kernel::Session& s, std::wstring_view shortcutFi
 
 // Renames or moves a file to `to` in one step. Refused when `to` exists (whatever its
 // case), names a folder that is gone or holds a character Windows forbids. True when done.
+// A fragment's shortcuts follow it (ShortcutsFollow).
 bool FragmentFileRename(kernel::Session& s, std::wstring_view from, std::wstring_view to, std::wstring_view where);
+
+// After the fragment `from` became `to`: every shortcut of the library that points to
+// `from` is pointed to `to` and saved, so that it stays in its folder's list. A shortcut
+// that cannot be rewritten is reported under `where` and stays as it was; the others
+// follow all the same. The number of shortcuts that followed.
+int ShortcutsFollow(kernel::Session& s, std::wstring_view from, std::wstring_view to, std::wstring_view where);
 
 // Deletes a fragment or shortcut file. True when done.
 bool FragmentFileDelete(kernel::Session& s, std::wstring_view file, std::wstring_view where);

@@ -41,7 +41,7 @@ FrmFragmentEditor::FrmFragmentEditor(kernel::Session& s)
       imgSplitter(Add<ui::Image>(L"imgSplitter")),
       s_(s),
       dlg_(s.uiHost),
-      split_(imgSplitter, {&lstList}, {&txtContent}) {
+      split_(imgSplitter, picSplitter, {&lstList}, {&txtContent}) {
   SetCaption(L"Fragment Editor");
   SetBorderStyle(ui::vbSizable);
   Move(0, 0, 9600, 6600);

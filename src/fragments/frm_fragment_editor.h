@@ -31,7 +31,7 @@ class FrmFragmentEditor : public ui::Form {
   static const std::vector<std::wstring>& Tokens();
   const std::wstring& SavedFile() const { return savedFile_; }
   bool Dirty() const { return dirty_; }
-  void MoveSplitter(long x) { split_.MoveTo(x); picSplitter.SetLeft(imgSplitter.Left()); }
+  void MoveSplitter(long x) { split_.MoveTo(x); }
 
   ui::RichTextBox& txtContent;
   ui::ListBox& lstList;

@@ -1,5 +1,7 @@
 #include "fragments/frm_fragments.h"
 
+#include <algorithm>
+
 #include "fragments/fragment_library.h"
 #include "fragments/frm_fragment_editor.h"
 #include "generators/fragment_insert.h"
@@ -76,8 +78,8 @@ FrmFragments::FrmFragments(kernel::Session& s)
       mnuCreateShortcut(Add<ui::Menu>(L"mnuCreateShortcut")),
       s_(s),
       state_(FragmentsStateOf(s)),
-      split1_(imgSplitter, {&tvFiles}, {&lvList}),
-      split2_(imgSplitter2, {&lvList}, {&rtxtContent, &lstVars, &lblVars}) {
+      split1_(imgSplitter, picSplitter, {&tvFiles}, {&lvList}),
+      split2_(imgSplitter2, picSplitter2, {&lvList}, {&rtxtContent, &lstVars, &lblVars}) {
   SetCaption(L"Fragment Builder");
   SetBorderStyle(ui::vbSizable);
   Move(0, 0, 10200, 6600);
@@ -140,6 +142,16 @@ FrmFragments::FrmFragments(kernel::Session& s)
   };
   rtxtContent.OnChange = [this] { ButtonsUpdate(); };
   rtxtContent.OnSelChange = [this] { CurrentWord(); };
+  // Tab and Shift+Tab walk the tokens of the text instead of leaving it.
+  rtxtContent.SetTakesTab(true);
+  rtxtContent.OnKeyDown = [this](int& keyCode, int shift) {
+    if (keyCode != ui::vbKeyTab) return;
+    keyCode = 0;
+    NextWord((shift & ui::vbShiftMask) == 0);
+  };
+  rtxtContent.OnKeyPress = [](int& key) {
+    if (key == ui::vbKeyTab) key = 0;
+  };
   cmdOk.OnClick = [this] { Ok(); };
   cmdCancel.OnClick = [this] { Unload(); };
   cmdDel.OnClick = [this] { Delete(); };
@@ -354,6 +366,52 @@ void FrmFragments::CurrentWord() {
   ShowList(rtxtContent.SelText());
 }
 
+std::optional<std::pair<long, long>> FrmFragments::NextWordBounds(std::wstring_view text, long selStart,
+                                                                  long selLength, bool forward) {
+  // Every token of the text in order: a brace pair on one line, neither brace in a string
+  // literal, with no other brace between.
+  std::vector<std::pair<long, long>> tokens;
+  bool inString = false;
+  std::size_t open = std::wstring_view::npos;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const wchar_t c = text[i];
+    if (c == L'\r' || c == L'\n') {
+      inString = false;
+      open = std::wstring_view::npos;
+    } else if (c == L'"') {
+      inString = !inString;
+    } else if (inString) {
+      continue;
+    } else if (c == L'{') {
+      open = i;
+    } else if (c == L'}') {
+      if (open != std::wstring_view::npos && i - open >= 2)
+        tokens.emplace_back(static_cast<long>(open), static_cast<long>(i + 1 - open));
+      open = std::wstring_view::npos;
+    }
+  }
+  if (tokens.empty()) return std::nullopt;
+  if (forward) {
+    const long from = selStart + std::max(0L, selLength);
+    for (const auto& token : tokens)
+      if (token.first >= from) return token;
+    return tokens.front();
+  }
+  for (auto it = tokens.rbegin(); it != tokens.rend(); ++it)
+    if (it->first + it->second <= selStart) return *it;
+  return tokens.back();
+}
+
+void FrmFragments::NextWord(bool forward) {
+  std::optional<std::pair<long, long>> token =
+      NextWordBounds(rtxtContent.Text(), rtxtContent.SelStart(), rtxtContent.SelLength(), forward);
+  if (!token) return;
+  ++busy_;
+  rtxtContent.Select(token->first, token->second);
+  --busy_;
+  ShowList(rtxtContent.SelText());
+}
+
 void FrmFragments::ShowList(const std::wstring& token) {
   std::wstring type, name, value;
   generators::FragmentVarParse(s_, token, type, name, value, settings::kScopeLocal, true);
@@ -511,8 +569,6 @@ void FrmFragments::Rebuild(const std::wstring& folder, const std::wstring& file)
 
 void FrmFragments::MoveSplitter(int which, long x) {
   (which == 1 ? split1_ : split2_).MoveTo(x);
-  picSplitter.SetLeft(imgSplitter.Left());
-  picSplitter2.SetLeft(imgSplitter2.Left());
 }
 
 void FragmentBuilderOpen(kernel::Session& s, const std::wstring& folder, const std::wstring& file) {

@@ -44,6 +44,12 @@ class FrmFragments : public kernel::BuilderForm {
   // caret stands outside every token. A brace inside a string literal of its line is no
   // token's brace.
   static std::optional<std::pair<long, long>> TokenAt(std::wstring_view text, long caret);
+  // The token after the selection (`forward`) or before it, as Tab and Shift+Tab move:
+  // its start and length. Past the last token Tab comes round to the first, and Shift+Tab
+  // before the first to the last; nullopt when the text holds no token. Braces in a string
+  // literal make no token, as for the caret.
+  static std::optional<std::pair<long, long>> NextWordBounds(std::wstring_view text, long selStart, long selLength,
+                                                             bool forward);
   // Puts `value` for every occurrence (any case) of the token selected in rtxtContent, as
   // the pick list does when the user chooses; the caret goes behind the first one.
   void ReplaceVar(const std::wstring& value);
@@ -83,6 +89,8 @@ class FrmFragments : public kernel::BuilderForm {
   void ChooseVar();
   // The caret moved: a token under it is selected and offered.
   void CurrentWord();
+  // Tab and Shift+Tab: the next or the previous token is selected and offered.
+  void NextWord(bool forward);
   void ShowList(const std::wstring& token);
   void MenusUpdate();
   void Ok();

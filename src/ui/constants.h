@@ -30,6 +30,12 @@ enum KeyCode : int {
 // The shift argument of KeyDown and KeyUp.
 enum ShiftMask : int { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
 
+// The mouse button of MouseDown, MouseMove and MouseUp.
+enum MouseButton : int { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
+
+// The shapes of the mouse pointer over a control (MousePointer).
+enum MousePointerShape : int { vbDefault = 0, vbSizeNS = 7, vbSizeWE = 9 };
+
 // Why a form is being unloaded (QueryUnload).
 enum UnloadMode : int {
   vbFormControlMenu = 0,  // the user closed it

@@ -88,6 +88,7 @@ nlohmann::json Control::Describe() const {
   j["width"] = props_.width;
   j["height"] = props_.height;
   if (!props_.toolTip.empty()) j["toolTip"] = vba::ToUtf8(props_.toolTip);
+  if (props_.mousePointer != vbDefault) j["mousePointer"] = props_.mousePointer;
   if (container_) j["container"] = vba::ToUtf8(container_->FullName());
   DescribeInto(j);
   return j;

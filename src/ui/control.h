@@ -89,6 +89,15 @@ class Control {
   bool CausesValidation() const { return props_.causesValidation; }
   void SetCausesValidation(bool causes) { props_.causesValidation = causes; }
 
+  // The pointer's shape over the control; a front-end shows it (the resize arrows over a
+  // splitter bar).
+  int MousePointer() const { return props_.mousePointer; }
+  void SetMousePointer(int shape) { props_.mousePointer = shape; }
+  // Whether Tab is a key of the control's own (its KeyDown and KeyPress see it) rather
+  // than the key that moves the focus on.
+  bool TakesTab() const { return props_.takesTab; }
+  void SetTakesTab(bool takes) { props_.takesTab = takes; }
+
   // Whether this kind of control takes the focus at all (labels and frames do not).
   virtual bool TakesFocus() const { return true; }
   // Whether it can take the focus now: its kind does, and it is enabled and visible.
@@ -107,6 +116,10 @@ class Control {
   Event<int&, int> OnKeyDown;       // (keyCode, shift); 0 cancels the key's own action
   Event<int&> OnKeyPress;           // (keyAscii); 0 cancels the key
   Event<int&, int> OnKeyUp;         // (keyCode, shift)
+  // (button, shift, x, y), x and y in twips from the control's top left corner.
+  Event<int, int, long, long> OnMouseDown;
+  Event<int, int, long, long> OnMouseMove;
+  Event<int, int, long, long> OnMouseUp;
 
   // A parameterless event by its classic name ("Click", "Change"), for calls of a handler
   // by name; nullptr when the control has no such event.
@@ -155,6 +168,8 @@ class Control {
     int tabIndex = 0;
     bool tabStop = true;
     bool causesValidation = true;
+    int mousePointer = vbDefault;
+    bool takesTab = false;
   };
 
   Form& form_;

@@ -86,6 +86,8 @@ void EditControl::KeyPressDefault(int keyAscii) {
     else if (selStart_ > 0) Splice(selStart_ - 1, 1, L"");
   } else if (keyAscii == vbKeyReturn) {
     if (AcceptsReturn() && TypeFits(2)) Splice(selStart_, selLength_, L"\r\n");
+  } else if (keyAscii == vbKeyTab) {
+    if (TakesTab() && TypeFits(1)) Splice(selStart_, selLength_, L"\t");
   } else if (keyAscii >= 32 && TypeFits(1)) {
     wchar_t c = static_cast<wchar_t>(keyAscii);
     Splice(selStart_, selLength_, std::wstring_view(&c, 1));

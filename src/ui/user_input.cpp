@@ -110,7 +110,7 @@ bool UserInput::Key(Control& control, int keyAscii) {
       return true;
     }
   }
-  if (keyAscii == vbKeyTab) {
+  if (keyAscii == vbKeyTab && !control.TakesTab()) {
     // A control alone on its form gets the Tab as a key of its own.
     if (Control* next = form.NextTabStop(&control)) return form.MoveFocus(*next);
   }
@@ -135,7 +135,7 @@ bool UserInput::Key(Control& control, int keyAscii) {
 }
 
 bool UserInput::KeyDown(Control& control, int keyCode, int shift) {
-  if (keyCode == vbKeyTab) {
+  if (keyCode == vbKeyTab && !control.TakesTab()) {
     if (!Focus(control)) return false;
     Form& form = control.Parent();
     Control* next = form.NextTabStop(&control, (shift & vbShiftMask) != 0);
@@ -156,6 +156,19 @@ bool UserInput::KeyDown(Control& control, int keyCode, int shift) {
   code = keyCode;
   if (form.KeyPreview()) form.Raise(form.OnKeyUp, code, shift);
   if (code != 0) control.Raise(control.OnKeyUp, code, shift);
+  return true;
+}
+
+bool UserInput::Drag(Control& control, long dx, long dy) {
+  if (!Focus(control)) return false;
+  // Taken at its middle, as a user takes a bar.
+  const long x = control.Width() / 2, y = control.Height() / 2;
+  Form& form = control.Parent();
+  control.Raise(control.OnMouseDown, static_cast<int>(vbLeftButton), 0, x, y);
+  if (!form.Loaded()) return true;
+  control.Raise(control.OnMouseMove, static_cast<int>(vbLeftButton), 0, x + dx, y + dy);
+  if (!form.Loaded()) return true;
+  control.Raise(control.OnMouseUp, static_cast<int>(vbLeftButton), 0, x + dx, y + dy);
   return true;
 }
 

@@ -64,12 +64,18 @@ class UserInput {
   // A key stroke with a character (13 Enter, 27 Escape, 8 Backspace, 9 Tab, 32 blank,
   // letters): Enter presses the focused button, else the form's Default button unless a
   // multi-line box has the focus; Escape presses the Cancel button; Tab moves to the next
-  // tab stop. Otherwise KeyDown, KeyPress (form first with KeyPreview; 0 cancels), the
-  // key's own action (a character is typed at the selection), KeyUp.
+  // tab stop, unless the control takes Tab as a key of its own. Otherwise KeyDown,
+  // KeyPress (form first with KeyPreview; 0 cancels), the key's own action (a character is
+  // typed at the selection), KeyUp.
   static bool Key(Control& control, int keyAscii);
   // A key without a character (arrows, Delete, Home, End, F-keys), with the shift mask:
-  // KeyDown (0 cancels), the key's own action, KeyUp.
+  // KeyDown (0 cancels), the key's own action, KeyUp. Tab and Shift+Tab move the focus on
+  // and back, unless the control takes Tab: then they are keys like these.
   static bool KeyDown(Control& control, int keyCode, int shift = 0);
+
+  // A drag with the left button: MouseDown at the control's middle, one MouseMove by dx,
+  // dy twips, MouseUp there. Coordinates are the control's own, as the events give them.
+  static bool Drag(Control& control, long dx, long dy);
 
   // Moves the caret or selection of a text control (SelStart, SelLength).
   static bool Caret(Control& control, long start, long length);

@@ -88,6 +88,42 @@ TEST_F(Library, ARenameNeverReplacesAFileAndKeepsBothOnEveryFailure) {
   EXPECT_EQ(Files().ReadFile(Path(L"Other\\Beta.bas")), "beta");
 }
 
+TEST_F(Library, ShortcutsFollowTheirFragmentAndOneThatCannotBeRewrittenIsReportedAndStays) {
+  Write("vbcode/Fragments/Loops/For Next.bas", "x");
+  Write("vbcode/Fragments/Loops/Other.bas", "y");
+  Write("vbcode/Fragments/Mine/keep.txt", "");
+  Write("vbcode/Fragments/Mine/Deep/keep.txt", "");
+  const std::wstring fragment = Path(L"Loops\\For Next.bas");
+  const std::wstring near = Path(L"Mine\\For Next.bas.lnk"), deep = Path(L"Mine\\Deep\\Loop.lnk");
+  const std::wstring locked = Path(L"Mine\\Locked.lnk"), other = Path(L"Mine\\Other.bas.lnk");
+  for (const std::wstring& link : {near, deep, locked}) settings::ShortcutCreate(session, link, fragment);
+  settings::ShortcutCreate(session, other, Path(L"Loops\\Other.bas"));
+  const std::string lockedBytes = Files().ReadFile(locked), otherBytes = Files().ReadFile(other);
+  std::filesystem::path real = temp.root / "c" / "Program Files" / "Quillet" / "vbcode" / "Fragments" / "Mine" / "Locked.lnk";
+  std::filesystem::permissions(real, std::filesystem::perms::owner_write, std::filesystem::perm_options::remove);
+
+  const std::wstring renamed = Path(L"Loops\\For Each.bas");
+  EXPECT_TRUE(fragments::FragmentFileRename(session, fragment, renamed, L"t.Rename"));
+  EXPECT_EQ(fragments::ShortCutTargetPath(session, near), renamed);
+  EXPECT_EQ(fragments::ShortCutTargetPath(session, deep), renamed);
+  EXPECT_EQ(Files().ReadFile(locked), lockedBytes);
+  EXPECT_EQ(Files().ReadFile(other), otherBytes) << "a shortcut to another fragment is left alone";
+  const std::string reported = Reported();
+  EXPECT_NE(reported.find("Error - 75"), std::string::npos) << reported;
+  EXPECT_NE(reported.find("t.Rename"), std::string::npos) << reported;
+  // A move to another folder takes them along again, whatever the case the shortcut wrote.
+  Write("vbcode/Fragments/Other/keep.txt", "");
+  const std::wstring moved = Path(L"Other\\For Each.bas");
+  EXPECT_TRUE(fragments::FragmentFileRename(session, Path(L"LOOPS\\for each.bas"), moved, L"t.Move"));
+  EXPECT_EQ(fragments::ShortCutTargetPath(session, near), moved);
+  EXPECT_EQ(fragments::ShortCutTargetPath(session, deep), moved);
+  EXPECT_EQ(fragments::ShortcutsFollow(session, moved, fragment, L"t"), 2);
+  // A shortcut renamed is no fragment: nothing follows it.
+  const std::string nearBytes = Files().ReadFile(near);
+  EXPECT_TRUE(fragments::FragmentFileRename(session, deep, Path(L"Mine\\Deep\\Loop Too.lnk"), L"t.Rename"));
+  EXPECT_EQ(Files().ReadFile(near), nearBytes);
+}
+
 TEST_F(Library, AReadOnlyFragmentIsNeitherDeletedNorWrittenButCanBeRenamed) {
   Write("vbcode/Fragments/Mine/Locked.bas", "locked");
   const std::wstring locked = Path(L"Mine\\Locked.bas");
@@ -117,10 +153,11 @@ TEST(Splitter, TheBarMovesWithinWhatThePanesAllow) {
   auto& left = form.Add<ui::TreeView>(L"tvLeft");
   auto& bar = form.Add<ui::Image>(L"imgBar");
   auto& right = form.Add<ui::ListView>(L"lvRight");
+  auto& ghost = form.Add<ui::PictureBox>(L"picBar");
   left.Move(100, 0, 2000, 1000);
   bar.Move(2100, 0, 75, 1000);
   right.Move(2175, 0, 3000, 1000);
-  fragments::Splitter split(bar, {&left}, {&right});
+  fragments::Splitter split(bar, ghost, {&left}, {&right});
   split.MoveTo(3000);
   EXPECT_EQ(left.Width(), 2900);
   EXPECT_EQ(bar.Left(), 3000);
@@ -131,6 +168,51 @@ TEST(Splitter, TheBarMovesWithinWhatThePanesAllow) {
   split.MoveTo(100000);                           // nor on the right
   EXPECT_EQ(right.Width(), fragments::Splitter::kMinPane);
   EXPECT_EQ(right.Left() + right.Width(), 5175);
+  EXPECT_EQ(ghost.Left(), bar.Left());
+}
+
+TEST(Splitter, ADraggedBarShowsItsGhostWhileTheButtonIsDownAndThePanesFollowAtTheRelease) {
+  test::SessionFixture fx;
+  ui::Form form(fx.ui, L"frmSplit");
+  auto& left = form.Add<ui::TreeView>(L"tvLeft");
+  auto& bar = form.Add<ui::Image>(L"imgBar");
+  auto& ghost = form.Add<ui::PictureBox>(L"picBar");
+  auto& right = form.Add<ui::ListView>(L"lvRight");
+  left.Move(100, 0, 2000, 1000);
+  bar.Move(2100, 0, 75, 1000);
+  ghost.Move(2100, 0, 75, 1000);
+  ghost.SetVisible(false);
+  right.Move(2175, 0, 3000, 1000);
+  fragments::Splitter split(bar, ghost, {&left}, {&right});
+  int after = 0;
+  split.AfterSplitting = [&] { ++after; };
+  EXPECT_EQ(bar.Describe()["mousePointer"], ui::vbSizeWE);
+  EXPECT_FALSE(ghost.Describe().contains("mousePointer"));
+  form.Show();
+  bar.OnMouseDown(ui::vbLeftButton, 0, 30, 500);  // taken 30 twips into the bar
+  EXPECT_TRUE(ghost.Visible());
+  bar.OnMouseMove(ui::vbLeftButton, 0, 530, 500);
+  EXPECT_EQ(ghost.Left(), 2600);
+  EXPECT_EQ(left.Width(), 2000) << "the panes wait for the release";
+  bar.OnMouseMove(0, 0, 9000, 500);  // no button held: not a drag
+  EXPECT_EQ(ghost.Left(), 2600);
+  bar.OnMouseUp(ui::vbLeftButton, 0, 530, 500);
+  EXPECT_FALSE(ghost.Visible());
+  EXPECT_EQ(bar.Left(), 2600);
+  EXPECT_EQ(left.Width(), 2500);
+  EXPECT_EQ(right.Left(), 2675);
+  EXPECT_EQ(right.Left() + right.Width(), 5175);
+  EXPECT_EQ(after, 1);
+  // A move without a press moves nothing; the ghost stops at the panes' limit.
+  bar.OnMouseUp(ui::vbLeftButton, 0, -2000, 500);
+  EXPECT_EQ(bar.Left(), 2600);
+  EXPECT_EQ(after, 1);
+  bar.OnMouseDown(ui::vbLeftButton, 0, 0, 0);
+  bar.OnMouseMove(ui::vbLeftButton, 0, -5000, 0);
+  EXPECT_EQ(ghost.Left(), 100 + fragments::Splitter::kMinPane);
+  bar.OnMouseUp(ui::vbLeftButton, 0, -5000, 0);
+  EXPECT_EQ(left.Width(), fragments::Splitter::kMinPane);
+  EXPECT_EQ(ghost.Left(), bar.Left());
 }
 
 }  // namespace

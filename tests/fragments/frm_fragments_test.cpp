@@ -54,6 +54,53 @@ TEST(FragmentTokens, TheTokenUnderTheCaretButNotABraceInAStringLiteral) {
   EXPECT_EQ(FrmFragments::TokenAt(L"{LONG\r\n}", 3), std::nullopt);  // a token ends on its line
 }
 
+TEST(FragmentTokens, TabGoesToTheNextTokenAndShiftTabToThePreviousComingRoundAtTheEnds) {
+  using Span = std::optional<std::pair<long, long>>;
+  const std::wstring text = L"x = {LONG:n} & \"{no}\" & {}\r\ny = {STRING}";
+  const Span first{{4, 8}}, last{{32, 8}};
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 0, 0, true), first);
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 4, 0, true), first);   // the caret in front of it
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 4, 8, true), last);    // the string's "{no}" and "{}" are passed
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 6, 0, true), last);    // from inside a token
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 32, 8, true), first);  // round to the first
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 32, 8, false), first);
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 34, 0, false), first);
+  EXPECT_EQ(FrmFragments::NextWordBounds(text, 4, 8, false), last);   // round to the last
+  EXPECT_EQ(FrmFragments::NextWordBounds(L"{a{b} {c\r\n}", 0, 0, true), (Span{{2, 3}}));
+  EXPECT_EQ(FrmFragments::NextWordBounds(L"no \"{tokens}\" here", 0, 0, true), std::nullopt);
+  EXPECT_EQ(FrmFragments::NextWordBounds(L"", 0, 0, false), std::nullopt);
+}
+
+TEST_F(Builder, TabAndShiftTabInTheTextSelectAndOfferTheTokensAndKeepTheFocus) {
+  const std::wstring text = L"For {LONG:i} = 1 To {LONG:n}\r\nNext {LONG:i}\r\n";
+  Write("vbcode/Fragments/Loops/For Next.bas", vba::ToUtf8(text));
+  FrmFragments f(session);
+  f.Init(vba::Variant(Path(L"Loops")));
+  f.Show(false);
+  ui::UserInput::Caret(f.rtxtContent, 0, 0);
+  std::vector<std::wstring> offered;
+  auto escape = [&] {
+    offered.push_back(f.rtxtContent.SelText() + L"@" + std::to_wstring(f.rtxtContent.SelStart()));
+    auto& list = ui::UserInput::FindForm(ui, L"frmList");
+    ui::UserInput::Key(*list.Find(L"lstList"), ui::vbKeyEscape);
+  };
+  for (int i = 0; i < 4; ++i) uiHost.QueueAction(escape);
+  ui::UserInput::KeyDown(f.rtxtContent, ui::vbKeyTab);
+  ui::UserInput::Key(f.rtxtContent, ui::vbKeyTab);
+  ui::UserInput::KeyDown(f.rtxtContent, ui::vbKeyTab);
+  ui::UserInput::KeyDown(f.rtxtContent, ui::vbKeyTab, ui::vbShiftMask);
+  const long second = static_cast<long>(text.find(L"{LONG:n}")), third = static_cast<long>(text.rfind(L"{LONG:i}"));
+  EXPECT_EQ(offered, (std::vector<std::wstring>{L"{LONG:i}@4", L"{LONG:n}@" + std::to_wstring(second),
+                                                L"{LONG:i}@" + std::to_wstring(third),
+                                                L"{LONG:n}@" + std::to_wstring(second)}));
+  EXPECT_EQ(uiHost.PendingActions(), 0u);
+  EXPECT_EQ(f.rtxtContent.Text(), text) << "no tab typed into the text";
+  EXPECT_EQ(f.ActiveControl(), &f.rtxtContent);
+  // Every other control of the dialog still passes the focus on with Tab.
+  ui::UserInput::Key(f.lvList, ui::vbKeyTab);
+  EXPECT_NE(f.ActiveControl(), &f.lvList);
+}
+
 TEST_F(Builder, TheCaretMovedIntoATokenOffersItAndTheChoiceFillsEveryOccurrence) {
   Write("vbcode/Fragments/Loops/For Next.bas", "For {LONG:i} = 1 To 3\r\nNext {LONG:i}\r\n");
   FrmFragments f(session);

@@ -81,6 +81,18 @@ TEST(ScenarioReader, NamesTheStepOrFieldAndWhatWasExpected) {
   EXPECT_EQ(refusal(R"({"steps": [{"form": "frmX", "key": {"control": "c"}}]})"),
             R"(step 1 {"form":"frmX","key":{"control":"c"}}: "key": expected either "keyAscii" or "keyCode")");
   EXPECT_EQ(refusal(R"({"steps": [{"tick": 86400000}, {"tick": 0}]})"), "accepted");
+  // A drag names its control and moves by two whole numbers of twips.
+  EXPECT_EQ(refusal(R"({"steps": [{"form": "f", "drag": {"control": "imgSplitter", "by": [600, -40]}}]})"), "accepted");
+  EXPECT_EQ(refusal(R"({"steps": [{"form": "f", "drag": {"by": [1, 2]}}]})"),
+            R"(step 1 {"form":"f","drag":{"by":[1,2]}}: "drag": expected "control" and "by")");
+  EXPECT_EQ(refusal(R"({"steps": [{"form": "f", "drag": {"control": "c", "by": [1]}}]})"),
+            R"(step 1 {"form":"f","drag":{"control":"c","by":[1]}}: "drag".by: expected [dx, dy] in twips)");
+  EXPECT_EQ(refusal(R"({"steps": [{"form": "f", "drag": {"control": "c", "by": [1, 2.5]}}]})"),
+            R"(step 1 {"form":"f","drag":{"control":"c","by":[1,2.5]}}: "drag".by[1]: expected a whole number from -1000000 to 1000000)");
+  EXPECT_NE(refusal(R"({"steps": [{"form": "f", "drag": {"control": 3, "by": [1, 2]}}]})").find("\"drag\".control: expected a text"),
+            std::string::npos);
+  EXPECT_NE(refusal(R"({"steps": [{"form": "f", "drag": {"control": "c", "by": [1, 2], "x": 1}}]})").find("unknown key \"x\""),
+            std::string::npos);
   EXPECT_EQ(refusal(R"({"steps": [{"tick": -1}]})").find("step 1"), 0u);
 }
 

@@ -5,7 +5,8 @@
 //   "selection": the active pane's selection; "clipboard", "immediate": exact texts;
 //   "immediateContains": texts that must appear; "transcript": entries that must appear in
 //   this order (each a part of the real entry); "home", "written": files with their whole
-//   text, {"contains": piece}, or null for a file that must not have been written; "noTranscript": kinds of
+//   text, {"contains": piece}, or null for a file that must not have been written; "deleted":
+//   the whole list of files of the program's folder gone by the end; "noTranscript": kinds of
 //   entries that must not appear; "bars": for each "dumpBar" of the transcript in order,
 //   controls by their path of caption ids ("122/149/150") that must be "visible", "hidden",
 //   "enabled" or "disabled".
@@ -155,6 +156,9 @@ TEST_P(ScenarioFile, PlaysAsExpected) {
         EXPECT_FALSE(entry.contains(kind.get<std::string>())) << entry.dump();
       }
     }
+  }
+  if (expect.contains("deleted")) {
+    EXPECT_EQ(out.value("deleted", json::array()), expect["deleted"]) << "files of the program's folder gone";
   }
   if (expect.contains("bars")) CheckBars(expect["bars"], out["transcript"]);
   for (const char* files : {"home", "written"}) {

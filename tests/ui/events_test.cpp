@@ -248,5 +248,54 @@ TEST_F(UiTest, TabMovesAlongTheTabOrder) {
   EXPECT_EQ(frm.ActiveControl(), &frm.txtName);
 }
 
+TEST_F(UiTest, AControlThatTakesTabKeepsItAndEveryOtherStillMovesOn) {
+  FrmSample frm(context);
+  frm.txtName.SetTakesTab(true);
+  std::vector<std::pair<int, int>> downs;
+  frm.txtName.OnKeyDown = [&](int& code, int shift) { downs.emplace_back(code, shift); };
+  frm.Show();
+  UserInput::Key(frm.txtName, vbKeyTab);  // typed like any character
+  EXPECT_EQ(frm.ActiveControl(), &frm.txtName);
+  EXPECT_EQ(frm.txtName.Text(), L"\t");
+  UserInput::KeyDown(frm.txtName, vbKeyTab, vbShiftMask);
+  EXPECT_EQ(frm.ActiveControl(), &frm.txtName);
+  EXPECT_EQ(downs, (std::vector<std::pair<int, int>>{{vbKeyTab, 0}, {vbKeyTab, vbShiftMask}}));
+  // A handler that cancels the key keeps the text as it is.
+  frm.txtName.OnKeyPress = [](int& key) { key = key == vbKeyTab ? 0 : key; };
+  UserInput::Key(frm.txtName, vbKeyTab);
+  EXPECT_EQ(frm.txtName.Text(), L"\t");
+  // Tab on the other controls, and into the box, moves the focus as before.
+  UserInput::Key(frm.cboType, vbKeyTab);
+  EXPECT_EQ(frm.ActiveControl(), &frm.chkStatic);
+  UserInput::KeyDown(frm.cboType, vbKeyTab, vbShiftMask);
+  EXPECT_EQ(frm.ActiveControl(), &frm.txtName);
+}
+
+TEST_F(UiTest, ADragPressesMovesAndReleasesTheLeftButtonInTheControlsOwnTwips) {
+  FrmSample frm(context);
+  Image& bar = frm.Add<Image>(L"imgBar");
+  bar.Move(2000, 100, 80, 1000);
+  std::vector<std::string> seen;
+  auto note = [&](const char* what) {
+    return [&seen, what](int button, int shift, long x, long y) {
+      seen.push_back(std::string(what) + " " + std::to_string(button) + " " + std::to_string(shift) + " " +
+                     std::to_string(x) + " " + std::to_string(y));
+    };
+  };
+  bar.OnMouseDown = note("down");
+  bar.OnMouseMove = note("move");
+  bar.OnMouseUp = note("up");
+  frm.Show();
+  EXPECT_TRUE(UserInput::Drag(bar, 300, -20));
+  EXPECT_EQ(seen, (std::vector<std::string>{"down 1 0 40 500", "move 1 0 340 480", "up 1 0 340 480"}));
+  EXPECT_EQ(frm.ActiveControl(), &frm.txtName) << "an image takes no focus";
+  bar.SetEnabled(false);
+  EXPECT_THROW(UserInput::Drag(bar, 10, 0), InputRefused);
+  EXPECT_EQ(seen.size(), 3u);
+  bar.SetEnabled(true);
+  frm.Hide();
+  EXPECT_THROW(UserInput::Drag(bar, 10, 0), InputRefused);
+}
+
 }  // namespace
 }  // namespace quillet::ui::testing

@@ -134,6 +134,16 @@ std::map<std::wstring, std::string> Sandbox::WrittenFiles() const {
   return files;
 }
 
+std::vector<std::wstring> Sandbox::DeletedFiles() const {
+  std::vector<std::wstring> files;
+  for (const auto& [real, was] : view_->before) {
+    if (!was) continue;
+    std::optional<std::wstring> win = view_->WindowsPath(real);
+    if (win && !view_->FileExists(*win)) files.push_back(*win);
+  }
+  return files;
+}
+
 std::filesystem::path DataFolder() {
   if (const char* env = std::getenv("QUILLET_DATA")) return env;
   return QUILLET_DATA_DIR;

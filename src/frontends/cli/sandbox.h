@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "io/filesystem.h"
 
@@ -37,6 +38,9 @@ class Sandbox {
   // Every file changed since recording started whose bytes now differ from those it had,
   // by Windows path, with its bytes.
   std::map<std::wstring, std::string> WrittenFiles() const;
+  // Every file that was there when recording started and is gone now (deleted, or renamed
+  // or moved away), by Windows path, in order.
+  std::vector<std::wstring> DeletedFiles() const;
 
  private:
   class Recorder;

@@ -17,8 +17,10 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
                        "convertToHtml", "addReference", "removeReference"};
-const Keys kFormActions = {"set",  "click", "dblclick", "clickOutside", "key",   "caret", "node",
+const Keys kFormActions = {"set",  "click", "dblclick", "clickOutside", "key",   "caret", "drag",  "node",
                            "item", "label", "tab",      "dump",         "focus", "close", "leave"};
+// How far a drag may go in one step, in twips either way: far beyond any screen.
+constexpr std::int64_t kMaxDragTwips = 1000000;
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
 
 bool Has(const Keys& keys, const std::string& k) { return std::find(keys.begin(), keys.end(), k) != keys.end(); }
@@ -212,6 +214,12 @@ void FormStep(const json& step, const std::string& label) {
     Text(v["control"], w + ".control");
     Integer(v["start"], w + ".start", 0, INT32_MAX);
     if (v.contains("length")) Integer(v["length"], w + ".length", 0, INT32_MAX);
+  } else if (a == "drag") {
+    Object(v, w, {"control", "by"});
+    if (!v.contains("control") || !v.contains("by")) Refuse(w, "expected \"control\" and \"by\"");
+    Text(v["control"], w + ".control");
+    if (!v["by"].is_array() || v["by"].size() != 2) Refuse(w + ".by", "expected [dx, dy] in twips");
+    for (std::size_t i = 0; i < 2; ++i) Integer(v["by"][i], Entry(w + ".by", i), -kMaxDragTwips, kMaxDragTwips);
   } else if (a == "node" || a == "item" || a == "label") {
     TextMap(v, w);
   } else if (a == "tab") {

@@ -421,6 +421,10 @@ void ScenarioRunner::Finish(bool ok, const std::string& error) {
   }
   out["home"] = home;
   out["written"] = written;
+  json deleted = json::array();
+  for (const std::wstring& path : sandbox_.DeletedFiles())
+    if (vba::StartsWithText(path, programFolder)) deleted.push_back(U(path.substr(programFolder.size())));
+  if (!deleted.empty()) out["deleted"] = std::move(deleted);
   out["transcript"] = transcript_;
   output_ = std::move(out);
 }

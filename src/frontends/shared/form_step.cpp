@@ -43,6 +43,15 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
   } else if (step.contains("caret")) {
     const json& k = step["caret"];
     ui::UserInput::Caret(controlOf(k.at("control")), k.at("start").get<long>(), k.value("length", 0L));
+  } else if (step.contains("drag")) {
+    // {"control": "imgSplitter", "by": [dx, dy]}: the control dragged by so many twips.
+    const json& d = step["drag"];
+    if (!d.is_object() || !d.contains("control") || !d["control"].is_string())
+      throw BadFormStep{"a drag names its \"control\""};
+    const json& by = d.contains("by") ? d["by"] : json();
+    if (!by.is_array() || by.size() != 2 || !by[0].is_number_integer() || !by[1].is_number_integer())
+      throw BadFormStep{"a drag moves \"by\": [dx, dy] in twips"};
+    ui::UserInput::Drag(controlOf(d["control"]), by[0].get<long>(), by[1].get<long>());
   } else if (step.contains("node")) {
     for (const auto& [name, key] : step["node"].items()) {
       auto* tree = dynamic_cast<ui::TreeView*>(&controlOf(json(name)));
@@ -65,8 +74,8 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
     }
   } else {
     throw BadFormStep{
-        "a form action sets, clicks, dblclicks, clicks outside, closes, leaves, focuses, keys, carets, nodes, items, "
-        "labels or tabs"};
+        "a form action sets, clicks, dblclicks, clicks outside, closes, leaves, focuses, keys, carets, drags, nodes, "
+        "items, labels or tabs"};
   }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // One user action on a loaded form, given as JSON: {"form": "frmX", "set": {...}} and its
-// kin ("click", "dblclick", "clickOutside", "close", "leave", "key", "caret", "node", "item", "tab",
-// "focus"). The scenario
+// kin ("click", "dblclick", "clickOutside", "close", "leave", "key", "caret", "drag", "node", "item",
+// "tab", "focus"). The scenario
 // steps and the studio's page speak the same language; every action goes through
 // ui::UserInput, so it is refused (InputRefused) where a user could not do it.
 #include <nlohmann/json.hpp>
