@@ -397,7 +397,7 @@ void Rv_ProcDefs::AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> proced
   TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] { AddKeepingFirst(items_, std::move(procedure), key); });
 }
 
-void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, const SharedText& moduleName,
                      ProcDefCollection& procs, bool isPublic) {
   TrapPassingDuplicates(s, L"basGlobal.DeclaredProcAdd", [&] {
     auto procedure = std::make_shared<Rv_ProcDef>();

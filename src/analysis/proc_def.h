@@ -162,7 +162,7 @@ class Rv_ProcDefs {
 // GetTickCount Lib "kernel32" () As Long"). It goes into `procs` under the active project's
 // name, ".", and its name. A name already there keeps its entry; other failures are
 // reported as "basGlobal.DeclaredProcAdd".
-void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, const SharedText& moduleName,
                      ProcDefCollection& procs, bool isPublic);
 
 }  // namespace quillet::analysis

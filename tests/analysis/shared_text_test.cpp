@@ -60,8 +60,9 @@ struct SharedModels : test::AnalysisFixture {
 
 TEST_F(SharedModels, TheProceduresOfAModuleHoldItsNamesOnceAndARenameChangesOnlyThatModule) {
   auto a = Module(L"basA", {L"Public Sub A1(ByVal x As Long)", L"End Sub", L"Public Function A2(value)", L"End Function"});
-  auto b = Module(L"basB", {L"Public Sub B1(ByVal x As Long)", L"End Sub", L"Public Property Get B2()",
-                            L"End Property"});
+  auto b = Module(L"basB", {L"Public gX As Long, gY As String", L"Public Const K1 = 1", L"Public Enum eB",
+                            L"    Small = 1", L"    Large", L"End Enum", L"", L"Public Sub B1(ByVal x As Long)",
+                            L"End Sub", L"Public Property Get B2()", L"End Property"});
   Scan();
   ASSERT_EQ(models.ProjectProcs.Count(), 4);
   // One text per module for every procedure in it, and one for the project.
@@ -75,6 +76,16 @@ TEST_F(SharedModels, TheProceduresOfAModuleHoldItsNamesOnceAndARenameChangesOnly
   const auto& byValA = Proc(L"A1").ProcArguments->Items().Item(1)->PassedBy;
   EXPECT_TRUE(byValA.SharesWith(Proc(L"B1").ProcArguments->Items().Item(1)->PassedBy));
   EXPECT_EQ(Proc(L"A2").ProcArguments->Items().Item(1)->PassedBy, L"ByRef");
+  // What the module declares holds the same text of its name; an enum's members hold one
+  // text of the enum's name and of the project's.
+  EXPECT_TRUE(models.ProjectVars.Item(L"gX")->ModuleName.SharesWith(models.ProjectVars.Item(L"gY")->ModuleName));
+  const auto& small = *models.ProjectConsts.Item(L"Small");
+  const auto& large = *models.ProjectConsts.Item(L"Large");
+  EXPECT_TRUE(small.EnumName.SharesWith(large.EnumName));
+  EXPECT_EQ(large.EnumName, L"eB");
+  EXPECT_TRUE(small.Project.SharesWith(models.ProjectEnums.Find(L"eB")->Project));
+  EXPECT_TRUE(models.ProjectEnums.Find(L"eB")->Module.SharesWith(small.ModuleName));
+  EXPECT_FALSE(models.ProjectConsts.Item(L"K1")->EnumMember());
 
   // One procedure's text given another value changes no other procedure.
   std::shared_ptr<analysis::Rv_ProcDef> a1 = models.ProjectProcs.Item(L"A1");
@@ -98,6 +109,10 @@ TEST_F(SharedModels, TheProceduresOfAModuleHoldItsNamesOnceAndARenameChangesOnly
   EXPECT_EQ(Proc(L"A1").ModuleName, L"basA");
   EXPECT_EQ(Proc(L"A2").ModuleName, L"basA");
   EXPECT_EQ(Proc(L"A1").Project, L"VBAProject");
+  EXPECT_EQ(models.ProjectVars.Item(L"gY")->ModuleName, L"basRenamed");
+  EXPECT_EQ(models.ProjectEnums.Find(L"eB")->Module, L"basRenamed");
+  EXPECT_EQ(models.ProjectConsts.Item(L"Large")->ModuleName, L"basRenamed");
+  EXPECT_EQ(models.ProjectConsts.Count(), 3);
 }
 
 TEST_F(SharedModels, TheProceduresOfALibraryFileHoldTheFilesModuleName) {
