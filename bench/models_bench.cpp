@@ -112,7 +112,9 @@ Register oneChanged({"ProjectRefresh, one module changed", "under 1 ms + its sha
                      [](double ms) { return "share = " + Figure(scanMs / kModules, "ms"); }});
 
 // The heap the models hold once the scan is done, small blocks and the large ones the
-// allocator maps apart (the long arrays of the project's collections) alike.
+// allocator maps apart (the long arrays of the project's collections) alike. A text that
+// many items share is one block and so counts once. The source is counted in characters,
+// each one byte in an exported module.
 size_t HeapInUse() {
   const struct mallinfo2 m = mallinfo2();
   return m.uordblks + m.hblkhd;
@@ -129,8 +131,10 @@ Register memory({"memory of the models per byte of source", "under 4 bytes", [] 
                    models.reset();
                    const size_t before = HeapInUse();
                    Scanned();
-                   const double perByte = double(HeapInUse() - before) / double(Big().sourceBytes);
-                   return Figure(perByte, "bytes per byte of source");
+                   const double held = double(HeapInUse() - before);
+                   const double source = double(Big().sourceBytes);
+                   return Figure(held / source, "bytes per byte of source") + " (" + Figure(held / 1e6, "MB") +
+                          " for " + Figure(source / 1e6, "MB") + ")";
                  }});
 
 }  // namespace

@@ -36,6 +36,8 @@ std::wstring_view EndOfStart(std::wstring_view trimmed) {
 void clsScanLibraryFolder::FileRead(kernel::Session& s, std::wstring_view text, std::wstring_view fileName) {
   std::wstring name = NameAttribute(text);
   if (name.empty()) name = fileName;
+  // Every procedure of the file holds the one text of its module's name.
+  const SharedText moduleName = name;
   auto module = std::make_shared<LibraryModule>();
   module->Name = name;
   AddKeepingFirst(Modules, module, L"Library." + name);
@@ -53,7 +55,7 @@ void clsScanLibraryFolder::FileRead(kernel::Session& s, std::wstring_view text, 
       if (vba::Like(lines[i], L"*" + std::wstring(end) + L"*") && CodeHasText(lines[i], end)) break;
     }
     auto procedure = std::make_shared<Rv_ProcDef>();
-    procedure->Init2(s, gathered, name);
+    procedure->Init2(s, gathered, moduleName);
     Procs.AddProc(s, procedure, procedure->Name + L".Library");
   }
 }

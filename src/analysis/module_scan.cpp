@@ -73,7 +73,7 @@ Decl PublicDecl(const std::wstring& statement) {
 }
 
 template <class Record>
-void ListAdd(kernel::Session& s, std::wstring_view text, std::wstring_view module, vba::Collection<std::shared_ptr<Record>>& into) {
+void ListAdd(kernel::Session& s, std::wstring_view text, const SharedText& module, vba::Collection<std::shared_ptr<Record>>& into) {
   std::vector<std::wstring> pieces;
   DeclListSplit(text, pieces);
   for (const std::wstring& piece : pieces) {
@@ -111,7 +111,7 @@ namespace {
 template <class Block, class Blocks, class Member>
 void BlockAdd(kernel::Session& s, std::wstring_view where, std::wstring_view text,
               const std::vector<std::wstring>& statements, size_t& index, std::wstring_view endText, Blocks& blocks,
-              std::wstring_view module, bool isPrivate, Member&& member) {
+              const SharedText& module, bool isPrivate, Member&& member) {
   TrapPassingDuplicates(s, where, [&] {
     auto block = std::make_shared<Block>();
     block->Name = FirstWord(text);
@@ -126,14 +126,18 @@ void BlockAdd(kernel::Session& s, std::wstring_view where, std::wstring_view tex
 }  // namespace
 
 void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
-             colEnums& enums, Constants* constants, std::wstring_view module, bool isPrivate) {
+             colEnums& enums, Constants* constants, const SharedText& module, bool isPrivate) {
+  SharedText enumName;
   BlockAdd<clsEnum>(s, L"basGlobal.EnumAdd", text, statements, index, L"End Enum", enums, module, isPrivate,
                     [&](clsEnum& e, const std::wstring& statement) {
                       std::vector<std::wstring> parts = vba::Split(statement, L"=");
                       auto member = std::make_shared<clsConstant>();
                       member->Name = vba::Trim(parts[0]);
                       if (parts.size() > 1) member->Value = vba::Trim(parts[1]);
-                      member->EnumName = member->Type_ = e.Name;
+                      // The members hold one text of their enum's name.
+                      if (enumName.empty()) enumName = e.Name;
+                      member->EnumName = enumName;
+                      member->Type_ = e.Name;
                       member->ModuleName = module;
                       member->Project = e.Project;
                       PassOverDuplicates([&] { e.Add(member); });
@@ -142,7 +146,7 @@ void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::
 }
 
 void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
-             colTypes& types, std::wstring_view module, bool isPrivate) {
+             colTypes& types, const SharedText& module, bool isPrivate) {
   BlockAdd<clsType>(s, L"basGlobal.TypeAdd", text, statements, index, L"End Type", types, module, isPrivate,
                     [&](clsType& t, const std::wstring& statement) {
                       auto field = std::make_shared<clsVariable>();
@@ -185,7 +189,8 @@ void clsScanModule::init(kernel::Session& s, host::Ptr<host::VBComponent> compon
     if (!component && s.vbe)
       if (host::Ptr<host::CodePane> pane = s.vbe->ActiveCodePane()) component = pane->CodeModule()->Parent();
     if (!component) return;
-    const std::wstring module = component->Name();
+    // One text of the module's name for everything the module declares.
+    const SharedText module = component->Name();
     const bool standard = component->Type() == host::kStdModule;
     if (withProcedures) ModuleProcs = ModuleProperProcsGet(s, component, false);
 
@@ -250,7 +255,7 @@ void clsScanProject::ScanModule(const host::Ptr<host::VBComponent>& component) {
   // project: only standard modules make declarations project-wide.
   if (component->Type() != host::kStdModule) return;
   kernel::Trap(s_, L"clsScanProject.ScanModule", [&] {
-    const std::wstring module = component->Name();
+    const SharedText module = component->Name();
     std::vector<std::wstring> statements;
     ModuleDeclLinesGet(*component->CodeModule(), statements);
     for (size_t i = 0; i < statements.size(); ++i) {

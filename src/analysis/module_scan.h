@@ -55,10 +55,10 @@ class clsScanProject {
 // up to "End Enum"; each member also goes to `constants` when given. `index` comes back
 // on the statement that ends the block (or behind the last one).
 void EnumAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
-             colEnums& enums, Constants* constants, std::wstring_view module, bool isPrivate);
+             colEnums& enums, Constants* constants, const SharedText& module, bool isPrivate);
 // The same for a user-defined type and its fields, up to "End Type".
 void TypeAdd(kernel::Session& s, std::wstring_view text, const std::vector<std::wstring>& statements, size_t& index,
-             colTypes& types, std::wstring_view module, bool isPrivate);
+             colTypes& types, const SharedText& module, bool isPrivate);
 
 // The procedures of a module read from one line of each, by their definitions (their code
 // stays in the module, where the one at the caret is read when it is needed); with

@@ -54,6 +54,33 @@ void AppendNumber(std::wstring& to, int n) {
   while (count > 0) to += digits[--count];
 }
 
+// The words every argument and procedure holds, kept once for all of them.
+const SharedText& ByRefWord() {
+  static const SharedText word = SharedText::Lasting(L"ByRef");
+  return word;
+}
+const SharedText& ByValWord() {
+  static const SharedText word = SharedText::Lasting(L"ByVal");
+  return word;
+}
+const SharedText& LibraryWord() {
+  static const SharedText word = SharedText::Lasting(L"Library");
+  return word;
+}
+// ProcKindString's words, one text for each kind.
+const SharedText& ProcKindWord(host::ProcKind kind) {
+  static const SharedText words[] = {SharedText::Lasting(ProcKindString(host::kProcKind)),
+                                     SharedText::Lasting(ProcKindString(host::kLetKind)),
+                                     SharedText::Lasting(ProcKindString(host::kSetKind)),
+                                     SharedText::Lasting(ProcKindString(host::kGetKind))};
+  switch (kind) {
+    case host::kLetKind: return words[1];
+    case host::kSetKind: return words[2];
+    case host::kGetKind: return words[3];
+    default: return words[0];
+  }
+}
+
 // Takes a type character off the end of a name; the character, or 0 when there was none.
 wchar_t TakeTypeChar(std::wstring& name) {
   if (name.empty() || !IsTypeChar(name.back())) return 0;
@@ -77,11 +104,11 @@ void Rv_ProcArgument::init(std::wstring_view vstrArgDef) {
     IsOptional = true;
     s = behind(s, 8);
   }
-  PassedBy = L"ByRef";
+  PassedBy = ByRefWord();
   if (s.size() > 5) {
     if (StartsWith(s, L"ByVal")) {
       IsPassedByVal = true;
-      PassedBy = L"ByVal";
+      PassedBy = ByValWord();
       s = behind(s, 5);
     } else if (StartsWith(s, L"ByRef")) {
       s = behind(s, 5);
@@ -204,7 +231,7 @@ void Rv_ProcDef::init(kernel::Session& s, const ProcModule& where, host::CodeMod
   Name = name;
   ProcKind = kind;
   if (where.inActiveProject) GroupName = where.project;
-  ProcKindStr = ProcKindString(kind);
+  ProcKindStr = ProcKindWord(kind);
   ProcStartLine = at.startLine;
   ProcCountLines = at.countLines;
   ProcBodyLine = at.bodyLine;
@@ -229,11 +256,11 @@ void Rv_ProcDef::init(kernel::Session& s, const ProcModule& where, host::CodeMod
   ProcArguments->init(OneLineProcDef);
 }
 
-void Rv_ProcDef::Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName) {
-  Project = L"Library";
+void Rv_ProcDef::Init2(kernel::Session& s, std::wstring_view codeText, const SharedText& moduleName) {
+  Project = LibraryWord();
   ModuleName = moduleName;
   ProcKind = host::kProcKind;
-  ProcKindStr = ProcKindString(host::kProcKind);
+  ProcKindStr = ProcKindWord(host::kProcKind);
   GroupName = ModuleName;
   ProcStartLine = ProcBodyLine = 1;
   ProcCountLines = SubstringCount(codeText, kCrLf) + 1;
@@ -370,7 +397,7 @@ void Rv_ProcDefs::AddProc(kernel::Session& s, std::shared_ptr<Rv_ProcDef> proced
   TrapPassingDuplicates(s, L"Rv_ProcDefs.AddProc", [&] { AddKeepingFirst(items_, std::move(procedure), key); });
 }
 
-void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, const SharedText& moduleName,
                      ProcDefCollection& procs, bool isPublic) {
   TrapPassingDuplicates(s, L"basGlobal.DeclaredProcAdd", [&] {
     auto procedure = std::make_shared<Rv_ProcDef>();

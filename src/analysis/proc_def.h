@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/shared_text.h"
 #include "hostmodel/vbe.h"
 #include "kernel/session.h"
 #include "vba/collection.h"
@@ -18,7 +19,7 @@ class Rv_ProcArgument {
  public:
   // The texts first and the flags together behind them: a project holds thousands.
   std::wstring ArgDef;         // the text as given, untouched
-  std::wstring PassedBy;       // "ByVal" or "ByRef" ("ByRef" when nothing was written)
+  SharedText PassedBy;         // "ByVal" or "ByRef" ("ByRef" when nothing was written)
   std::wstring Name;           // a type character stays in it
   std::wstring Type_;          // as written, "Variant" if none
   std::wstring DefaultValue;   // the text behind "="
@@ -62,8 +63,8 @@ struct ProcLines {
 };
 // What every procedure of one module shares, asked of the editor once for all of them.
 struct ProcModule {
-  std::wstring project;          // the project's name as the reader was given it
-  std::wstring moduleName;
+  SharedText project;            // the project's name as the reader was given it
+  SharedText moduleName;
   bool inActiveProject = false;  // the procedures' GroupName is the project's name
 };
 ProcModule ProcModuleOf(kernel::Session& s, std::wstring_view project, host::CodeModule& module);
@@ -78,19 +79,19 @@ class Rv_ProcDef {
   bool IsLibraryProcedure = false;
   // The project's name when the procedure lies in the active project, the module's name
   // for a library procedure.
-  std::wstring GroupName;
-  std::wstring HelpStr, HelpFile;
+  SharedText GroupName;
+  SharedText HelpStr, HelpFile;
   long HelpContext = 0;
   std::wstring ProcReturnType;         // of a function, "" when unknown
   bool IsDeclarationSection = false;   // set: the definition is not read
-  std::wstring Project;                // "Library" for a library procedure
-  std::wstring ModuleName;
+  SharedText Project;                  // "Library" for a library procedure
+  SharedText ModuleName;
   std::wstring Name;                   // without a type character
   bool ProcIsFunction = false;
   bool ProcIsPublic = false;
   bool ProcIsStatic = false;
   host::ProcKind ProcKind = host::kProcKind;
-  std::wstring ProcKindStr;            // "Sub/Function", "Property Let", "Property Set", "Property Get"
+  SharedText ProcKindStr;              // "Sub/Function", "Property Let", "Property Set", "Property Get"
   long ProcBodyLine = 0, ProcCountLines = 0, ProcStartLine = 0;
   long ProcDefStartLine = 0;           // equals ProcBodyLine
   long ProcDefCountOfLines = 0;        // lines the definition takes, blank ones included
@@ -109,7 +110,7 @@ class Rv_ProcDef {
   void init(kernel::Session& s, const ProcModule& where, host::CodeModule& module, std::wstring_view name,
             host::ProcKind kind, const ProcLines& at, bool definitionOnly);
   // A procedure stored as text (a file of the library folder).
-  void Init2(kernel::Session& s, std::wstring_view codeText, std::wstring_view moduleName);
+  void Init2(kernel::Session& s, std::wstring_view codeText, const SharedText& moduleName);
   // Reads the definition at the start of ProcCode and its arguments: the last step of both
   // inits. ProcCode needs to hold no more than the definition's lines.
   void DefinitionRead(kernel::Session& s);
@@ -161,7 +162,7 @@ class Rv_ProcDefs {
 // GetTickCount Lib "kernel32" () As Long"). It goes into `procs` under the active project's
 // name, ".", and its name. A name already there keeps its entry; other failures are
 // reported as "basGlobal.DeclaredProcAdd".
-void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, std::wstring_view moduleName,
+void DeclaredProcAdd(kernel::Session& s, std::wstring_view text, const SharedText& moduleName,
                      ProcDefCollection& procs, bool isPublic);
 
 }  // namespace quillet::analysis

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/shared_text.h"
 #include "vba/collection.h"
 
 namespace quillet::analysis {
@@ -22,7 +23,7 @@ bool IsTypeChar(wchar_t c);
 // A variable declaration, read from the text behind its keyword: "a(1 To 3) As Long".
 class clsVariable {
  public:
-  std::wstring ModuleName;
+  SharedText ModuleName;
   std::wstring Name;           // without a type character
   std::wstring Type_;          // "Variant" when the text names none
   bool IsArray = false;        // "(" follows the name
@@ -35,11 +36,11 @@ class clsVariable {
 // of an enum.
 class clsConstant {
  public:
-  std::wstring ModuleName;
+  SharedText ModuleName;
   std::wstring Name;
-  std::wstring Project;        // the owning project or library
-  std::wstring EnumName;       // set for the member of an enum
-  std::wstring HelpStr;
+  SharedText Project;          // the owning project or library
+  SharedText EnumName;         // set for the member of an enum
+  SharedText HelpStr;
   std::wstring Type_;
   std::wstring Value;          // the text behind "="
 
@@ -86,9 +87,9 @@ class RecordList {
 class clsEnum : public RecordList<clsConstant> {
  public:
   std::wstring Name;
-  std::wstring Module;
-  std::wstring Project;
-  std::wstring HelpStr;
+  SharedText Module;
+  SharedText Project;
+  SharedText HelpStr;
   bool IsPrivate = false;
 
   // Without a key the member goes in under its EnumName, ".", and its Name.
@@ -99,8 +100,8 @@ class clsEnum : public RecordList<clsConstant> {
 class clsType : public RecordList<clsVariable> {
  public:
   std::wstring Name;
-  std::wstring Module;
-  std::wstring Project;
+  SharedText Module;
+  SharedText Project;
   bool IsPrivate = false;
 };
 

@@ -116,6 +116,11 @@ void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressi
     const bool referencesChanged = ReferencesRefresh(s, models);
     ItemCollection current;
     StdModulesGet(s, current);
+    // A module that went takes its entries along before any other is read, so that a
+    // module renamed (gone under its old name, new under the new one) finds its own names
+    // free again.
+    for (const auto& module : models.StdModules)
+      if (!current.Exists(module->Name)) ModuleRemove(models, module->Name);
     for (const auto& module : current) {
       const std::shared_ptr<clsItem>* known = models.StdModules.Find(module->Name);
       if (!known) {
@@ -125,8 +130,6 @@ void ProjectRefresh(kernel::Session& s, ProjectModels& models, bool loadExpressi
         ModuleAdd(s, models, module->Name);
       }
     }
-    for (const auto& module : models.StdModules)
-      if (!current.Exists(module->Name)) ModuleRemove(models, module->Name);
     models.StdModules = std::move(current);
     // The known expressions are those of the referenced libraries: read again with them.
     if (loadExpressions || referencesChanged) KnownExpressionsLoad(s, models);
