@@ -13,9 +13,6 @@
 #include "frontends/studio/studio_engine.h"
 #include "frontends/studio/studio_server.h"
 
-#ifndef QUILLET_SAMPLE_PROJECT
-#define QUILLET_SAMPLE_PROJECT "sample/Invoicing"
-#endif
 
 namespace quillet::bench {
 namespace {
