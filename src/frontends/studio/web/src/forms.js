@@ -10,6 +10,27 @@ import { makeSplitter } from './splitter.js';
 
 const inputKinds = new Set(['TextBox', 'ComboBox', 'RichTextBox']);
 
+// An editable combo box completes what the user types as the engine's box does: each
+// key goes to the engine, which types it or completes an entry, and the box shows the
+// text and selection the engine comes back with.
+function typedByKeys(input, c, send) {
+  input.dataset.engineTyped = '1';
+  input.addEventListener('keydown', (e) => {
+    if (e.ctrlKey || e.altKey || e.metaKey) return;
+    const key = e.key.length === 1 ? { keyAscii: e.key.charCodeAt(0) }
+      : e.key === 'Backspace' ? { keyAscii: 8 } : e.key === 'Delete' ? { keyCode: 46 } : null;
+    if (!key) return;
+    e.preventDefault();
+    // The caret the user moved reaches the engine first; while keys are on their way the
+    // box shows the engine's older state, so its caret is not the user's.
+    const start = input.selectionStart, length = input.selectionEnd - input.selectionStart;
+    const moved = start !== Number(input.dataset.selStart) || length !== Number(input.dataset.selLength);
+    if (!input.dataset.awaiting && moved) send({ caret: { control: c.name, start, length } });
+    input.dataset.awaiting = '1';
+    send({ key: { control: c.name, ...key } });
+  });
+}
+
 export class Forms {
   constructor(parent) {
     this.layer = el('div', { class: 'forms' });
@@ -53,6 +74,16 @@ export class Forms {
         // as drawn, so no keystroke is lost; the focus follows the engine's.
         old.desc = f;
         if (f.top || !forms.some((g) => g.top)) this.focusActive(f, old.root, true);
+        // A box typed key by key shows what the engine made of the keys.
+        const keyed = typing && typing.querySelector('input[data-engine-typed]');
+        const c = keyed && f.controls.find((x) => x.name === name);
+        if (c && !this.pending) {
+          keyed.value = c.text || '';
+          keyed.dataset.selStart = c.selStart;
+          keyed.dataset.selLength = c.selLength;
+          keyed.setSelectionRange(c.selStart, c.selStart + c.selLength);
+          delete keyed.dataset.awaiting;
+        }
         return;
       }
       const field = typing && typing.matches('input,textarea') ? typing : null;
@@ -219,14 +250,6 @@ export class Forms {
       }
       case 'ComboBox': {
         const wrap = el('div');
-        const input = el('input', { type: 'text', list: 'dl-' + f.form + '-' + c.name });
-        input.value = c.text || '';
-        input.disabled = disabled;
-        input.readOnly = c.style === 2;
-        const list = el('datalist', { id: 'dl-' + f.form + '-' + c.name });
-        for (const item of c.list || []) list.append(el('option', { value: entryText(item) }));
-        input.addEventListener('change', () => set(input.value));
-        input.addEventListener('focus', () => this.focusFromUser(f, c));
         if (c.style === 2) {
           // A drop-down list: the entries are chosen, never typed.
           const select = el('select');
@@ -234,10 +257,25 @@ export class Forms {
           select.value = c.text || '';
           select.disabled = disabled;
           select.addEventListener('change', () => set(select.value));
+          select.addEventListener('focus', () => this.focusFromUser(f, c));
           wrap.append(select);
-        } else {
-          wrap.append(input, list);
+          return wrap;
         }
+        const input = el('input', { type: 'text', list: 'dl-' + f.form + '-' + c.name });
+        input.value = c.text || '';
+        input.disabled = disabled;
+        input.dataset.selStart = c.selStart;
+        input.dataset.selLength = c.selLength;
+        const list = el('datalist', { id: 'dl-' + f.form + '-' + c.name });
+        for (const item of c.list || []) list.append(el('option', { value: entryText(item) }));
+        typedByKeys(input, c, send);
+        // An entry picked from the list with the mouse is chosen at once.
+        input.addEventListener('input', (e) => {
+          if (e.inputType === 'insertReplacementText' || e.inputType === undefined) set(input.value);
+        });
+        input.addEventListener('change', () => set(input.value));
+        input.addEventListener('focus', () => this.focusFromUser(f, c));
+        wrap.append(input, list);
         return wrap;
       }
       case 'ListBox': {
