@@ -24,6 +24,7 @@ function fail(message) {
 }
 
 const studio = spawn(quillet, ['studio', project], { stdio: ['ignore', 'pipe', 'inherit'] });
+process.on('exit', () => studio.kill('SIGTERM'));
 const address = await new Promise((resolve, reject) => {
   let out = '';
   studio.stdout.on('data', (d) => {
@@ -130,10 +131,44 @@ try {
 
   // The Fragment Builder at the caret the builder left in the Function: a folder of the
   // tree, a fragment of the list, its preview in colours, its tokens, Insert.
+  // The splitters are told as west-east ones (mouse pointer 9) on their way to the page,
+  // as the engine will describe them; a drag of one is sent as a drag step in twips.
+  const dragged = [];
+  await page.route('**/api/state*', async (route) => {
+    // A long poll still under way when the route is removed ends quietly.
+    const response = await route.fetch().catch(() => null);
+    if (!response) return;
+    const state = await response.json();
+    for (const f of state.forms || [])
+      for (const c of f.controls) if (f.form === 'frmFragments' && c.name === 'imgSplitter') c.mousePointer = 9;
+    await route.fulfill({ response, json: state }).catch(() => {});
+  });
+  await page.route('**/api/action', async (route) => {
+    const action = route.request().postDataJSON();
+    if (!action.drag) return route.continue();
+    dragged.push(action);
+    const response = await route.fetch();
+    // An engine that knows no drag step yet refuses it; the page is told it went through.
+    if (response.status() === 400) return route.fulfill({ status: 200, json: { ok: true } });
+    return route.fulfill({ response });
+  });
   const insert = page.locator('.barbtn[aria-label="Insert Fragment..."]');
   await insert.waitFor();
   await insert.click();
   const frag = page.locator('.form[data-form="frmFragments"]');
+  const splitter = frag.locator('.ctl[data-name="imgSplitter"]');
+  await frag.locator('.ctl.splitter[data-name="imgSplitter"]').waitFor();
+  if ((await splitter.evaluate((e) => getComputedStyle(e).cursor)) !== 'ew-resize') fail('the splitter shows no west-east cursor');
+  const at = await splitter.boundingBox();
+  await page.mouse.move(at.x + at.width / 2, at.y + 40);
+  await page.mouse.down();
+  await page.mouse.move(at.x + at.width / 2 + 15, at.y + 45, { steps: 3 });
+  await page.mouse.move(at.x + at.width / 2 + 30, at.y + 50, { steps: 3 });
+  await page.mouse.up();
+  for (let i = 0; i < 50 && !dragged.length; i++) await page.waitForTimeout(20);
+  const expected = { do: 'form', form: 'frmFragments', drag: { control: 'imgSplitter', by: [450, 0] } };
+  if (JSON.stringify(dragged) !== JSON.stringify([expected])) fail('the drag sent ' + JSON.stringify(dragged));
+  await page.unrouteAll({ behavior: 'ignoreErrors' });
   await frag.locator('.k-TreeView .node:text-is("Loops")').click();
   await frag.locator('.k-ListView td:text-is("Do Loop With Guard")').click();
   await frag.locator('.k-ListBox option:text-is("{LONG:MaxRounds=1000}")').waitFor();
