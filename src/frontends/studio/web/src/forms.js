@@ -73,7 +73,7 @@ export class Forms {
         // Only what the user is typing or where the focus stands changed: the form stays
         // as drawn, so no keystroke is lost; the focus follows the engine's.
         old.desc = f;
-        if (f.top || !forms.some((g) => g.top)) this.focusActive(f, old.root, true);
+        if (f.topModal || !forms.some((g) => g.topModal)) this.focusActive(f, old.root, true);
         // A box typed key by key shows what the engine made of the keys.
         const keyed = typing && typing.querySelector('input[data-engine-typed]');
         const c = keyed && f.controls.find((x) => x.name === name);
@@ -94,7 +94,7 @@ export class Forms {
       if (old) old.root.replaceWith(root);
       else this.layer.append(root);
       this.shown.set(f.form, { root, desc: f });
-      if (f.top || !forms.some((g) => g.top)) this.focusActive(f, root);
+      if (f.topModal || !forms.some((g) => g.topModal)) this.focusActive(f, root);
       const rich = richCaret && root.querySelector(`.ctl[data-name="${CSS.escape(name)}"]`);
       if (rich && document.activeElement === rich) rich.showSelection(richCaret.start, richCaret.length);
       if (typed) {
@@ -143,7 +143,7 @@ export class Forms {
   // The top form that takes the keyboard: the modal one, else the last shown.
   current() {
     let cur = null;
-    for (const s of this.shown.values()) if (!cur || s.desc.top) cur = s;
+    for (const s of this.shown.values()) if (!cur || s.desc.topModal) cur = s;
     return cur;
   }
 
