@@ -322,6 +322,9 @@ export class Forms {
             row.style.paddingLeft = depth * 14 + 'px';
             if (n.bold) row.style.fontWeight = 'bold';
             row.addEventListener('click', () => send({ node: { [c.name]: n.key } }));
+            row.addEventListener('contextmenu', () => {
+              if (!n.selected) send({ node: { [c.name]: n.key } });
+            });
             row.addEventListener('dblclick', () => send({ dblclick: c.name }));
             parent.append(row);
             if (n.expanded && n.children) draw(n.children, parent, depth + 1);
@@ -340,7 +343,7 @@ export class Forms {
           if (item.foreColor !== undefined && item.foreColor >= 0) first.style.color = cssColour(item.foreColor);
           if (c.editing !== undefined && c.editing === (item.key || item.text)) {
             // The label open for editing: Enter gives the new text, Escape keeps the old one.
-            const input = el('input', { type: 'text', value: item.text });
+            const input = el('input', { type: 'text', value: item.text, class: 'label-edit' });
             input.addEventListener('keydown', (e) => {
               if (e.key === 'Enter' || e.key === 'Escape') {
                 e.preventDefault();
@@ -355,6 +358,10 @@ export class Forms {
           const tr = el('tr', { class: item.selected ? 'on' : '' }, first,
                         ...(item.subItems || []).map((s) => el('td', { text: s })));
           tr.addEventListener('click', () => send({ item: { [c.name]: item.key || item.text } }));
+          // A right click chooses the item under the mouse before its pop-up menu opens.
+          tr.addEventListener('contextmenu', () => {
+            if (!item.selected) send({ item: { [c.name]: item.key || item.text } });
+          });
           tr.addEventListener('dblclick', () => send({ dblclick: c.name }));
           body.append(tr);
         }
@@ -425,6 +432,8 @@ export class Forms {
     if (!cur) return;
     const f = cur.desc;
     if (!f.modal && !cur.root.contains(document.activeElement)) return;
+    // A list view label being edited takes its own Enter and Escape.
+    if (e.target && e.target.classList && e.target.classList.contains('label-edit')) return;
     const control = f.activeControl || (f.controls.find((c) => c.visible && c.enabled && c.kind !== 'Label') || {}).name;
     const multi = e.target && e.target.tagName === 'TEXTAREA';
     let keyAscii = 0;
