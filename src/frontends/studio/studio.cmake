@@ -42,6 +42,12 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(CPP_HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
 target_link_libraries(quillet_frontends PUBLIC PkgConfig::CPP_HTTPLIB)
 
+# The page's own logic, run by node alone.
+if(QUILLET_NODE)
+  add_test(NAME studio_page_logic
+    COMMAND ${QUILLET_NODE} --test ${PROJECT_SOURCE_DIR}/tests/studio/page_logic_test.mjs)
+endif()
+
 # The browser test: Debian's Chromium driven by playwright-core, when both are there.
 if(QUILLET_NODE AND EXISTS /usr/bin/chromium)
   add_test(NAME studio_browser

@@ -289,7 +289,7 @@ json StudioEngine::Impl::BuildState() {
     if (!f->Visible()) continue;
     json d = f->Describe();
     d["modal"] = f->IsModal();
-    d["top"] = f == top;
+    d["topModal"] = f == top;  // the form that takes the input; "top" is its place
     forms.push_back(std::move(d));
   }
   s["forms"] = forms;

@@ -66,7 +66,8 @@ export class CommandBar {
       });
       return select;
     }
-    const b = el('button', { class: 'barbtn', type: 'button', title: c.toolTip || '', 'data-key': key });
+    const b = el('button', { class: 'barbtn', type: 'button', title: c.toolTip || '', 'data-key': key,
+                             'aria-label': c.caption.replace(/&(.)/g, '$1') });
     b.disabled = !enabled;
     const pic = c.style !== STYLE_CAPTION ? this.picture(c) : null;
     if (pic) b.append(pic);

@@ -42,3 +42,9 @@ export function plainCaption(caption) {
 
 // Twips, as forms measure, to pixels.
 export const px = (twips) => Math.round(twips / 15) + 'px';
+
+// A list entry as the engine describes it: {text, itemData}, or a bare text.
+export const entryText = (entry) => (typeof entry === 'string' ? entry : entry.text);
+
+// A colour as forms keep it (red in the low byte) as CSS.
+export const cssColour = (bgr) => `rgb(${bgr & 255},${(bgr >> 8) & 255},${(bgr >> 16) & 255})`;

@@ -2,10 +2,34 @@
 // positions and sizes the form gives, captions with access keys, the engine's focus. The
 // keys that mean something to a form (Enter, Escape, Tab) go to the engine, which knows the
 // default and cancel buttons and the tab order.
-import { el, captionNode, plainCaption, px } from './dom.js';
+import { el, captionNode, plainCaption, px, entryText, cssColour } from './dom.js';
 import { act } from './api.js';
+import { drawRichText } from './rich_text.js';
+import { unplaced, flowInto } from './form_layout.js';
+import { makeSplitter } from './splitter.js';
 
 const inputKinds = new Set(['TextBox', 'ComboBox', 'RichTextBox']);
+
+// An editable combo box completes what the user types as the engine's box does: each
+// key goes to the engine, which types it or completes an entry, and the box shows the
+// text and selection the engine comes back with.
+function typedByKeys(input, c, send) {
+  input.dataset.engineTyped = '1';
+  input.addEventListener('keydown', (e) => {
+    if (e.ctrlKey || e.altKey || e.metaKey) return;
+    const key = e.key.length === 1 ? { keyAscii: e.key.charCodeAt(0) }
+      : e.key === 'Backspace' ? { keyAscii: 8 } : e.key === 'Delete' ? { keyCode: 46 } : null;
+    if (!key) return;
+    e.preventDefault();
+    // The caret the user moved reaches the engine first; while keys are on their way the
+    // box shows the engine's older state, so its caret is not the user's.
+    const start = input.selectionStart, length = input.selectionEnd - input.selectionStart;
+    const moved = start !== Number(input.dataset.selStart) || length !== Number(input.dataset.selLength);
+    if (!input.dataset.awaiting && moved) send({ caret: { control: c.name, start, length } });
+    input.dataset.awaiting = '1';
+    send({ key: { control: c.name, ...key } });
+  });
+}
 
 export class Forms {
   constructor(parent) {
@@ -49,16 +73,30 @@ export class Forms {
         // Only what the user is typing or where the focus stands changed: the form stays
         // as drawn, so no keystroke is lost; the focus follows the engine's.
         old.desc = f;
-        if (f.top || !forms.some((g) => g.top)) this.focusActive(f, old.root, true);
+        if (f.topModal || !forms.some((g) => g.topModal)) this.focusActive(f, old.root, true);
+        // A box typed key by key shows what the engine made of the keys.
+        const keyed = typing && typing.querySelector('input[data-engine-typed]');
+        const c = keyed && f.controls.find((x) => x.name === name);
+        if (c && !this.pending) {
+          keyed.value = c.text || '';
+          keyed.dataset.selStart = c.selStart;
+          keyed.dataset.selLength = c.selLength;
+          keyed.setSelectionRange(c.selStart, c.selStart + c.selLength);
+          delete keyed.dataset.awaiting;
+        }
         return;
       }
       const field = typing && typing.matches('input,textarea') ? typing : null;
       const typed = field ? { value: field.value, start: field.selectionStart, end: field.selectionEnd } : null;
+      // In a rich text box being typed in, the caret stays where the user has it.
+      const richCaret = typing && typing.currentSelection ? typing.currentSelection() : null;
       const root = this.drawForm(f, i);
       if (old) old.root.replaceWith(root);
       else this.layer.append(root);
       this.shown.set(f.form, { root, desc: f });
-      if (f.top || !forms.some((g) => g.top)) this.focusActive(f, root);
+      if (f.topModal || !forms.some((g) => g.topModal)) this.focusActive(f, root);
+      const rich = richCaret && root.querySelector(`.ctl[data-name="${CSS.escape(name)}"]`);
+      if (rich && document.activeElement === rich) rich.showSelection(richCaret.start, richCaret.length);
       if (typed) {
         // What the user typed ahead of the engine stays in the box; a text the engine
         // wrote itself replaces it.
@@ -105,7 +143,7 @@ export class Forms {
   // The top form that takes the keyboard: the modal one, else the last shown.
   current() {
     let cur = null;
-    for (const s of this.shown.values()) if (!cur || s.desc.top) cur = s;
+    for (const s of this.shown.values()) if (!cur || s.desc.topModal) cur = s;
     return cur;
   }
 
@@ -121,8 +159,9 @@ export class Forms {
     win.append(title, body);
     const boxes = new Map();
     const menus = f.controls.filter((c) => c.kind === 'Menu');
-    for (const c of f.controls) {
-      if (c.kind === 'Timer' || c.kind === 'Menu') continue;
+    const drawn = f.controls.filter((c) => c.kind !== 'Timer' && c.kind !== 'Menu');
+    const inside = new Map();  // container name ('' for the form) -> its controls
+    for (const c of drawn) {
       const e = this.drawControl(f, c);
       e.classList.add('ctl', 'k-' + c.kind);
       e.dataset.name = c.name;
@@ -132,11 +171,21 @@ export class Forms {
       e.style.height = px(c.height);
       if (!c.visible) e.hidden = true;
       if (c.toolTip) e.title = c.toolTip;
+      makeSplitter(e, c, (action) => this.send(f.form, action));
       boxes.set(c.name, e);
       const parent = c.container && boxes.get(c.container);
       (parent ? parent.querySelector(':scope > .inner') || parent : body).append(e);
+      const key = parent ? c.container : '';
+      if (!inside.has(key)) inside.set(key, []);
+      inside.get(key).push(c);
       const popup = menus.find((m) => m.popupFor === c.name);
       if (popup && c.enabled) e.addEventListener('contextmenu', (ev) => this.popupMenu(ev, f, popup, menus));
+    }
+    for (const [key, controls] of inside) {
+      if (!unplaced(controls)) continue;
+      const holder = key ? boxes.get(key) : body;
+      flowInto(holder.querySelector(':scope > .inner') || holder, controls, boxes, el);
+      if (!key) win.classList.add('flowing');
     }
     const holder = el('div', { class: f.modal ? 'modal-shade' : 'modeless' }, win);
     holder.style.zIndex = String(10 + order * 2);
@@ -174,11 +223,18 @@ export class Forms {
         const label = el('label', { 'data-key': key }, input, node);
         return label;
       }
-      case 'RichTextBox':
-        if (c.locked && c.runs) return this.richText(c);
-      // fall through: an editable rich text box is typed in as a text box
+      case 'RichTextBox': {
+        const box = drawRichText(c, (start, length) => send({ caret: { control: c.name, start, length } }), (text) => {
+          this.sent.set(f.form + '.' + c.name, text);
+          set(text);
+        });
+        box.addEventListener('focus', () => this.focusFromUser(f, c));
+        box.dataset.selStart = c.selStart;
+        box.dataset.selLength = c.selLength;
+        return box;
+      }
       case 'TextBox': {
-        const multi = c.multiLine || c.kind === 'RichTextBox';
+        const multi = c.multiLine;
         const input = multi ? el('textarea') : el('input', { type: 'text' });
         input.value = c.text || '';
         input.disabled = disabled;
@@ -194,32 +250,39 @@ export class Forms {
       }
       case 'ComboBox': {
         const wrap = el('div');
-        const input = el('input', { type: 'text', list: 'dl-' + f.form + '-' + c.name });
-        input.value = c.text || '';
-        input.disabled = disabled;
-        input.readOnly = c.style === 2;
-        const list = el('datalist', { id: 'dl-' + f.form + '-' + c.name });
-        for (const item of c.list || []) list.append(el('option', { value: item }));
-        input.addEventListener('change', () => set(input.value));
-        input.addEventListener('focus', () => this.focusFromUser(f, c));
         if (c.style === 2) {
           // A drop-down list: the entries are chosen, never typed.
           const select = el('select');
-          for (const item of c.list || []) select.append(el('option', { value: item, text: item }));
+          for (const item of c.list || []) select.append(el('option', { value: entryText(item), text: entryText(item) }));
           select.value = c.text || '';
           select.disabled = disabled;
           select.addEventListener('change', () => set(select.value));
+          select.addEventListener('focus', () => this.focusFromUser(f, c));
           wrap.append(select);
-        } else {
-          wrap.append(input, list);
+          return wrap;
         }
+        const input = el('input', { type: 'text', list: 'dl-' + f.form + '-' + c.name });
+        input.value = c.text || '';
+        input.disabled = disabled;
+        input.dataset.selStart = c.selStart;
+        input.dataset.selLength = c.selLength;
+        const list = el('datalist', { id: 'dl-' + f.form + '-' + c.name });
+        for (const item of c.list || []) list.append(el('option', { value: entryText(item) }));
+        typedByKeys(input, c, send);
+        // An entry picked from the list with the mouse is chosen at once.
+        input.addEventListener('input', (e) => {
+          if (e.inputType === 'insertReplacementText' || e.inputType === undefined) set(input.value);
+        });
+        input.addEventListener('change', () => set(input.value));
+        input.addEventListener('focus', () => this.focusFromUser(f, c));
+        wrap.append(input, list);
         return wrap;
       }
       case 'ListBox': {
         const select = el('select', { size: '2' });
         select.multiple = Array.isArray(c.selected);
         (c.list || []).forEach((item, i) => {
-          const o = el('option', { value: String(i), text: item });
+          const o = el('option', { value: String(i), text: entryText(item) });
           o.selected = select.multiple ? !!c.selected[i] : c.listIndex === i;
           select.append(o);
         });
@@ -232,8 +295,9 @@ export class Forms {
         return select;
       }
       case 'Frame': {
+        // The caption sits on the border; the controls inside count from the frame's corner.
         const { node } = captionNode(c.caption || '');
-        return el('fieldset', {}, el('legend', {}, node), el('div', { class: 'inner' }));
+        return el('div', {}, el('div', { class: 'inner' }), c.caption ? el('span', { class: 'legend' }, node) : null);
       }
       case 'PictureBox':
         return el('div', {}, el('div', { class: 'inner' }));
@@ -258,6 +322,9 @@ export class Forms {
             row.style.paddingLeft = depth * 14 + 'px';
             if (n.bold) row.style.fontWeight = 'bold';
             row.addEventListener('click', () => send({ node: { [c.name]: n.key } }));
+            row.addEventListener('contextmenu', () => {
+              if (!n.selected) send({ node: { [c.name]: n.key } });
+            });
             row.addEventListener('dblclick', () => send({ dblclick: c.name }));
             parent.append(row);
             if (n.expanded && n.children) draw(n.children, parent, depth + 1);
@@ -271,13 +338,12 @@ export class Forms {
         if (c.columns && c.columns.length)
           table.append(el('thead', {}, el('tr', {}, ...c.columns.map((col) => el('th', { text: col.text })))));
         const body = el('tbody');
-        const colour = (bgr) => `rgb(${bgr & 255},${(bgr >> 8) & 255},${(bgr >> 16) & 255})`;
         for (const item of c.items || []) {
           const first = el('td', { text: item.text });
-          if (item.foreColor !== undefined && item.foreColor >= 0) first.style.color = colour(item.foreColor);
+          if (item.foreColor !== undefined && item.foreColor >= 0) first.style.color = cssColour(item.foreColor);
           if (c.editing !== undefined && c.editing === (item.key || item.text)) {
             // The label open for editing: Enter gives the new text, Escape keeps the old one.
-            const input = el('input', { type: 'text', value: item.text });
+            const input = el('input', { type: 'text', value: item.text, class: 'label-edit' });
             input.addEventListener('keydown', (e) => {
               if (e.key === 'Enter' || e.key === 'Escape') {
                 e.preventDefault();
@@ -292,6 +358,10 @@ export class Forms {
           const tr = el('tr', { class: item.selected ? 'on' : '' }, first,
                         ...(item.subItems || []).map((s) => el('td', { text: s })));
           tr.addEventListener('click', () => send({ item: { [c.name]: item.key || item.text } }));
+          // A right click chooses the item under the mouse before its pop-up menu opens.
+          tr.addEventListener('contextmenu', () => {
+            if (!item.selected) send({ item: { [c.name]: item.key || item.text } });
+          });
           tr.addEventListener('dblclick', () => send({ dblclick: c.name }));
           body.append(tr);
         }
@@ -338,26 +408,6 @@ export class Forms {
     document.addEventListener('mousedown', close, true);
   }
 
-  // A locked rich text box shows its text with the colours and styles of its runs.
-  richText(c) {
-    const box = el('div', { class: 'rich' });
-    const text = c.text || '';
-    let at = 0;
-    const colour = (bgr) => `rgb(${bgr & 255},${(bgr >> 8) & 255},${(bgr >> 16) & 255})`;
-    for (const r of c.runs) {
-      if (r.start > at) box.append(text.slice(at, r.start));
-      const span = el('span', { text: text.slice(r.start, r.start + r.length) });
-      span.style.color = colour(r.color || 0);
-      if (r.bold) span.style.fontWeight = 'bold';
-      if (r.italic) span.style.fontStyle = 'italic';
-      if (r.underline) span.style.textDecoration = 'underline';
-      box.append(span);
-      at = r.start + r.length;
-    }
-    box.append(text.slice(at));
-    return box;
-  }
-
   focusFromUser(f, c) {
     if (f.activeControl !== c.name) this.send(f.form, { focus: c.name });
   }
@@ -367,9 +417,10 @@ export class Forms {
     const box = root.querySelector(`.ctl[data-name="${CSS.escape(f.activeControl)}"]`);
     if (!box) return;
     if (onlyIfMoved && box.contains(document.activeElement)) return;
-    const target = box.matches('input,textarea,select,button') ? box : box.querySelector('input,textarea,select,button');
+    const target = box.matches('input,textarea,select,button,.rich') ? box : box.querySelector('input,textarea,select,button');
     if (!target) return;
     target.focus({ preventScroll: true });
+    if (target.showSelection) target.showSelection(Number(target.dataset.selStart || 0), Number(target.dataset.selLength || 0));
     if (target.dataset.selStart !== undefined && target.setSelectionRange) {
       const s = Number(target.dataset.selStart), n = Number(target.dataset.selLength);
       try { target.setSelectionRange(s, s + n); } catch (e) { /* not a text field */ }
@@ -381,6 +432,8 @@ export class Forms {
     if (!cur) return;
     const f = cur.desc;
     if (!f.modal && !cur.root.contains(document.activeElement)) return;
+    // A list view label being edited takes its own Enter and Escape.
+    if (e.target && e.target.classList && e.target.classList.contains('label-edit')) return;
     const control = f.activeControl || (f.controls.find((c) => c.visible && c.enabled && c.kind !== 'Label') || {}).name;
     const multi = e.target && e.target.tagName === 'TEXTAREA';
     let keyAscii = 0;
