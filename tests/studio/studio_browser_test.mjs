@@ -159,13 +159,17 @@ try {
   const splitter = frag.locator('.ctl[data-name="imgSplitter"]');
   await frag.locator('.ctl.splitter[data-name="imgSplitter"]').waitFor();
   if ((await splitter.evaluate((e) => getComputedStyle(e).cursor)) !== 'ew-resize') fail('the splitter shows no west-east cursor');
-  const at = await splitter.boundingBox();
-  await page.mouse.move(at.x + at.width / 2, at.y + 40);
-  await page.mouse.down();
-  await page.mouse.move(at.x + at.width / 2 + 15, at.y + 45, { steps: 3 });
-  await page.mouse.move(at.x + at.width / 2 + 30, at.y + 50, { steps: 3 });
-  await page.mouse.up();
-  for (let i = 0; i < 50 && !dragged.length; i++) await page.waitForTimeout(20);
+  // The dialog may still be settling (its tree and list fill after it opens): a gesture
+  // that began beside the bar, as a user's would, is made again from where the bar is now.
+  for (let attempt = 0; attempt < 3 && !dragged.length; attempt++) {
+    const at = await splitter.boundingBox();
+    await page.mouse.move(at.x + at.width / 2, at.y + Math.min(40, at.height / 2));
+    await page.mouse.down();
+    await page.mouse.move(at.x + at.width / 2 + 15, at.y + 45, { steps: 3 });
+    await page.mouse.move(at.x + at.width / 2 + 30, at.y + 50, { steps: 3 });
+    await page.mouse.up();
+    for (let i = 0; i < 100 && !dragged.length; i++) await page.waitForTimeout(20);
+  }
   const expected = { do: 'form', form: 'frmFragments', drag: { control: 'imgSplitter', by: [450, 0] } };
   if (JSON.stringify(dragged) !== JSON.stringify([expected])) fail('the drag sent ' + JSON.stringify(dragged));
   await page.unrouteAll({ behavior: 'ignoreErrors' });

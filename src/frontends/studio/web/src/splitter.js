@@ -18,7 +18,8 @@ export function makeSplitter(e, c, send) {
   e.addEventListener('pointerdown', (down) => {
     if (down.button !== 0 || !c.enabled) return;
     down.preventDefault();
-    e.setPointerCapture(down.pointerId);
+    // The page may draw the form again while the button is down, putting a new element in
+    // place of this one: the drag is followed on the window, so it ends and is sent all the same.
     const along = (ev) => [c.mousePointer === 9 ? ev.clientX - down.clientX : 0,
                            c.mousePointer === 7 ? ev.clientY - down.clientY : 0];
     const move = (ev) => {
@@ -26,13 +27,13 @@ export function makeSplitter(e, c, send) {
       e.style.transform = `translate(${dx}px, ${dy}px)`;
     };
     const up = (ev) => {
-      e.removeEventListener('pointermove', move);
-      e.removeEventListener('pointerup', up);
+      window.removeEventListener('pointermove', move);
+      window.removeEventListener('pointerup', up);
       e.style.transform = '';
       const [dx, dy] = along(ev);
       if (dx || dy) send(dragAction(c.name, dx, dy));
     };
-    e.addEventListener('pointermove', move);
-    e.addEventListener('pointerup', up);
+    window.addEventListener('pointermove', move);
+    window.addEventListener('pointerup', up);
   });
 }
