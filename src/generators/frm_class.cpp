@@ -78,7 +78,7 @@ FrmClass::FrmClass(kernel::Session& s)
   lvProperties.Columns().Add(L"Name", L"Name");
   lvProperties.Columns().Add(L"DataType", L"Data Type");
   lvProperties.Columns().Add(L"Accessibility", L"Accessibility");
-  lvProperties.Move(240, 1800, 5700, 3160);
+  lvProperties.Move(240, 1800, 5580, 3160);
   cmdNewProp.SetCaption(L"&New");
   cmdEditProp.SetCaption(L"Chan&ge");
   cmdDelProp.SetCaption(L"&Delete");
@@ -88,7 +88,7 @@ FrmClass::FrmClass(kernel::Session& s)
   lvMethods.Columns().Add(L"ReturnType", L"ReturnType");
   lvMethods.Columns().Add(L"Accessibility", L"Accessibility");
   lvMethods.Columns().Add(L"Arguments", L"Arguments");
-  lvMethods.Move(240, 1800, 5700, 3160);
+  lvMethods.Move(240, 1800, 5580, 3160);
   cmdNewMethod.SetCaption(L"&New");
   cmdEditMethod.SetCaption(L"Chan&ge");
   cmdDelMethod.SetCaption(L"&Delete");
@@ -98,8 +98,8 @@ FrmClass::FrmClass(kernel::Session& s)
       top += 440;
     }
   };
-  column({&cmdNewProp, &cmdEditProp, &cmdDelProp, &cmdFromTable}, 6060, 1800, 1380);
-  column({&cmdNewMethod, &cmdEditMethod, &cmdDelMethod}, 6060, 1800, 1380);
+  column({&cmdNewProp, &cmdEditProp, &cmdDelProp, &cmdFromTable}, 5940, 1800, 1500);
+  column({&cmdNewMethod, &cmdEditMethod, &cmdDelMethod}, 5940, 1800, 1500);
   chkMakeColClass.SetCaption(L"&Also make Collection Class");
   chkMakeColClass.Move(120, 5240, 3000, 255);
   lblColClassName.SetCaption(L"Collection Cla&ss Name");
