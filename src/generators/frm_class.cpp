@@ -1,5 +1,7 @@
 #include "generators/frm_class.h"
 
+#include <initializer_list>
+
 #include "generators/frm_select_table.h"
 #include "generators/frm_procedure.h"
 #include "generators/scope.h"
@@ -61,14 +63,22 @@ FrmClass::FrmClass(kernel::Session& s)
   SetCaption(L"Class Builder");
   SetBorderStyle(ui::vbFixedDialog);
   Move(0, 0, 7800, 6600);
+  // The names at the top with the buttons in a column at the right, the two pages on the
+  // tab strip sharing one place, the collection class beneath them.
   lblClassName.SetCaption(L"Class &Name");
+  lblClassName.Move(120, 120, 1900, 255);
+  txtClassName.Move(2100, 120, 3960, 315);
   lblDescription.SetCaption(L"Class &Description");
+  lblDescription.Move(120, 520, 1900, 255);
+  txtDescription.Move(2100, 520, 3960, 700);
   TabMain.Tabs().Add(L"Properties", L"Properties");
   TabMain.Tabs().Add(L"Methods", L"Methods");
+  TabMain.Move(120, 1400, 7440, 3700);
   lvProperties.SetView(3);
   lvProperties.Columns().Add(L"Name", L"Name");
   lvProperties.Columns().Add(L"DataType", L"Data Type");
   lvProperties.Columns().Add(L"Accessibility", L"Accessibility");
+  lvProperties.Move(240, 1800, 5580, 3160);
   cmdNewProp.SetCaption(L"&New");
   cmdEditProp.SetCaption(L"Chan&ge");
   cmdDelProp.SetCaption(L"&Delete");
@@ -78,16 +88,29 @@ FrmClass::FrmClass(kernel::Session& s)
   lvMethods.Columns().Add(L"ReturnType", L"ReturnType");
   lvMethods.Columns().Add(L"Accessibility", L"Accessibility");
   lvMethods.Columns().Add(L"Arguments", L"Arguments");
+  lvMethods.Move(240, 1800, 5580, 3160);
   cmdNewMethod.SetCaption(L"&New");
   cmdEditMethod.SetCaption(L"Chan&ge");
   cmdDelMethod.SetCaption(L"&Delete");
+  auto column = [](std::initializer_list<ui::CommandButton*> buttons, long left, long top, long width) {
+    for (ui::CommandButton* b : buttons) {
+      b->Move(left, top, width, 375);
+      top += 440;
+    }
+  };
+  column({&cmdNewProp, &cmdEditProp, &cmdDelProp, &cmdFromTable}, 5940, 1800, 1500);
+  column({&cmdNewMethod, &cmdEditMethod, &cmdDelMethod}, 5940, 1800, 1500);
   chkMakeColClass.SetCaption(L"&Also make Collection Class");
+  chkMakeColClass.Move(120, 5240, 3000, 255);
   lblColClassName.SetCaption(L"Collection Cla&ss Name");
+  lblColClassName.Move(120, 5600, 1900, 255);
+  txtColClassName.Move(2100, 5560, 3960, 315);
   cmdCreate.SetCaption(L"Create");
   cmdCreate.SetDefault(true);
   cmdCancel.SetCaption(L"Cancel");
   cmdCancel.SetCancel(true);
   cmdHelp.SetCaption(L"Help");
+  column({&cmdCreate, &cmdCancel, &cmdHelp}, 6300, 120, 1260);
 
   TabMain.OnClick = [this] { PagesShow(); };
   cmdNewProp.OnClick = [this] { PropertyEdit(true); };

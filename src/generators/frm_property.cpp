@@ -19,11 +19,6 @@
 
 namespace quillet::generators {
 
-namespace {
-
-
-}  // namespace
-
 FrmProperty::FrmProperty(kernel::Session& s)
     : kernel::BuilderForm(s.ui, L"frmProperty"),
       lblName(Add<ui::Label>(L"lblName")),
@@ -56,30 +51,57 @@ FrmProperty::FrmProperty(kernel::Session& s)
   SetCaption(L"Property Builder");
   SetBorderStyle(ui::vbFixedDialog);
   Move(0, 0, 6900, 5600);
-  lblName.SetCaption(L"&Name");
-  lblDataType.SetCaption(L"&Value Type");
-  fraProp.SetCaption(L"Property");
-  chkGet.SetCaption(L"Ge&t");
-  chkSet.SetCaption(L"&Let/Set");
-  lblAccess.SetCaption(L"&Accessibility");
+  // Labels beside their boxes on the left, the options frame on the right, the buttons in
+  // a row along the bottom.
+  auto row = [](ui::Label& l, const wchar_t* caption, ui::Control& c, long top) {
+    l.SetCaption(caption);
+    l.Move(120, top, 1500, 255);
+    c.Move(1700, top, 2600, 315);
+  };
+  row(lblName, L"&Name", txtName, 120);
+  row(lblDataType, L"&Value Type", cboDataType, 520);
+  row(lblAccess, L"&Accessibility", cboAccessibility, 920);
   cboAccessibility.SetStyle(ui::vbComboDropdownList);
-  lblStatic.SetCaption(L"&Static");
+  row(lblStatic, L"&Static", cboStatic, 1320);
   cboStatic.SetStyle(ui::vbComboDropdownList);
-  lblModule.SetCaption(L"&Module");
+  row(lblModule, L"&Module", cboModule, 1720);
+  fraProp.SetCaption(L"Property");
+  fraProp.Move(120, 2140, 4180, 600);
+  chkGet.SetCaption(L"Ge&t");
+  chkGet.Move(120, 260, 1600, 255);
+  chkSet.SetCaption(L"&Let/Set");
+  chkSet.Move(2000, 260, 1800, 255);
   lblDescription.SetCaption(L"&Description");
+  lblDescription.Move(120, 2880, 1500, 255);
+  txtDescription.Move(120, 3160, 4180, 900);
   fraFeatures.SetCaption(L"Options");
+  fraFeatures.Move(4500, 120, 2220, 2600);
   lblAddErrorHandler.SetCaption(L"&Error Handler");
+  lblAddErrorHandler.Move(120, 280, 1980, 255);
+  cboAddErrorHandler.Move(120, 540, 1980, 315);
   cboAddErrorHandler.SetStyle(ui::vbComboDropdownList);
-  chkAddHeader.SetCaption(L"&Header");
-  chkAddHourglass.SetCaption(L"Hour&glass");
-  chkAddProcedureConstant.SetCaption(L"Pro&cedure Constant");
-  chkAddModuleConstant.SetCaption(L"Mod&ule Constant");
+  const std::pair<ui::CheckBox*, const wchar_t*> checks[] = {
+      {&chkAddHeader, L"&Header"},
+      {&chkAddHourglass, L"Hour&glass"},
+      {&chkAddProcedureConstant, L"Pro&cedure Constant"},
+      {&chkAddModuleConstant, L"Mod&ule Constant"}};
+  long top = 1000;
+  for (const auto& [box, caption] : checks) {
+    box->SetCaption(caption);
+    box->Move(120, top, 1980, 255);
+    top += 400;
+  }
   cmdOK.SetCaption(L"OK");
   cmdOK.SetDefault(true);
   cmdOKAndNew.SetCaption(L"OK && Ne&w");
   cmdCancel.SetCaption(L"Cancel");
   cmdCancel.SetCancel(true);
   cmdHelp.SetCaption(L"Help");
+  long left = 1620;
+  for (ui::CommandButton* b : {&cmdOK, &cmdOKAndNew, &cmdCancel, &cmdHelp}) {
+    b->Move(left, 4460, 1215, 375);
+    left += 1275;
+  }
 
   // One of the two parts always stays: clearing the last one sets the other.
   chkGet.OnClick = [this] {

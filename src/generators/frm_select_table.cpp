@@ -86,17 +86,28 @@ FrmSelectTableAndFields::FrmSelectTableAndFields(kernel::Session& s)
   SetCaption(L"Select Table and Fields");
   SetBorderStyle(ui::vbFixedDialog);
   Move(0, 0, 5200, 5400);
+  // The table and its fields in a column at the left, labels above their boxes; the buttons
+  // in a column at the right, the two that choose fields beside the list's foot.
   lblTables.SetCaption(L"&Tables");
+  lblTables.Move(120, 120, 1500, 255);
   cboTables.SetStyle(ui::vbComboDropdownList);
+  cboTables.Move(120, 400, 3400, 315);
   lblFields.SetCaption(L"&Fields");
+  lblFields.Move(120, 840, 1500, 255);
   lstFields.SetMultiSelect(ui::vbMultiSelectExtended);
+  lstFields.Move(120, 1120, 3400, 3600);
   cmdSelectAll.SetCaption(L"Select &All");
+  cmdSelectAll.Move(3660, 3900, 1335, 375);
   cmdUnSelectAll.SetCaption(L"&Unselect All");
+  cmdUnSelectAll.Move(3660, 4340, 1335, 375);
   cmdOK.SetCaption(L"OK");
   cmdOK.SetDefault(true);
+  cmdOK.Move(3660, 400, 1335, 375);
   cmdCancel.SetCaption(L"Cancel");
   cmdCancel.SetCancel(true);
+  cmdCancel.Move(3660, 840, 1335, 375);
   cmdHelp.SetCaption(L"&Help");
+  cmdHelp.Move(3660, 1280, 1335, 375);
   cboTables.OnClick = [this] { TableChosen(); };
   cmdSelectAll.OnClick = [this] { SelectAll(true); };
   cmdUnSelectAll.OnClick = [this] { SelectAll(false); };
