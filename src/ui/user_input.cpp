@@ -276,6 +276,8 @@ bool UserInput::ExpandNode(TreeView& tree, std::wstring_view key, bool expand) {
   Check(tree);
   Node* node = tree.Nodes().Find(key);
   if (!node) Refuse(tree.FullName() + L" has no node '" + std::wstring(key) + L"'");
+  // A node without children shows no button to open or close it.
+  if (node->Children() == 0) Refuse(tree.FullName() + L" node '" + std::wstring(key) + L"' has no children");
   if (!Focus(tree)) return false;
   node->SetExpanded(expand);
   return true;

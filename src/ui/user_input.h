@@ -85,7 +85,8 @@ class UserInput {
   // Double-clicks it: NodeClick, its expansion toggles (Expand/Collapse) when it has
   // children, then DblClick.
   static bool DblClickNode(TreeView& tree, std::wstring_view key);
-  // Opens or closes the node with its button (Expand/Collapse).
+  // Opens or closes the node with its button (Expand/Collapse); a node without children
+  // has no button and is refused.
   static bool ExpandNode(TreeView& tree, std::wstring_view key, bool expand);
 
   // Clicks an item: a list view item by key (else by text; ItemClick), a list or combo

@@ -43,6 +43,8 @@ TEST(ScriptInput, UnreadableOrWrongScenariosEndWithAReason) {
       {"{\"readOnly\": \"C:\\\\x.bas\"}", 2, "\"readOnly\": expected an array of full Windows paths"},
       {"{\"readOnly\": [\"C:\\\\Work\\\\none.bas\"]}", 2, "none.bas\" is no file of the scenario"},
       {"{\"steps\": [{\"form\": \"frmX\", \"label\": \"x\"}]}", 2, "\"label\": expected an object"},
+      {"{\"steps\": [{\"form\": \"frmX\", \"expand\": \"tvFiles\"}]}", 2, "\"expand\": expected an object"},
+      {"{\"steps\": [{\"form\": \"frmX\", \"collapse\": {\"tvFiles\": 3}}]}", 2, "\"collapse\".tvFiles: expected"},
       {"{\"steps\": [{\"form\": \"frmX\", \"clickOutside\": 1}]}", 2, "step 1 {\"form\":\"frmX\",\"clickOutside\":1}: \"clickOutside\": expected true"},
       {"{\"steps\": [{\"form\": \"frmX\", \"leave\": false}]}", 2, "\"leave\": expected true"},
       {"{\"steps\": [{\"form\": \"frmX\", \"leave\": true, \"close\": true}]}", 2, "two actions in one step"},

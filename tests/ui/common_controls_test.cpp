@@ -82,6 +82,30 @@ TEST_F(UiTest, SortedNodesStayInTextOrderAndExpansionRaisesItsEvents) {
   EXPECT_EQ(tv.Nodes().Count(), 0);
 }
 
+TEST_F(UiTest, NodeButtonsOpenAndCloseOnlyWhatAUserCouldReach) {
+  FrmSample frm(context);
+  TreeView& tv = frm.Add<TreeView>(L"tvFiles");
+  std::vector<std::wstring> events;
+  tv.OnExpand = [&](Node& n) { events.push_back(L"Expand " + n.Key()); };
+  tv.OnCollapse = [&](Node& n) { events.push_back(L"Collapse " + n.Key()); };
+  tv.OnNodeClick = [&](Node& n) { events.push_back(L"NodeClick " + n.Key()); };
+  frm.Show();
+  tv.Nodes().Add(L"root", L"Fragments");
+  tv.Nodes().Add(L"root", tvwChild, L"leaf", L"Mine");
+
+  EXPECT_TRUE(UserInput::ExpandNode(tv, L"root", true));
+  EXPECT_TRUE(tv.Nodes().Item(L"root").Expanded());
+  EXPECT_TRUE(UserInput::ExpandNode(tv, L"root", true));  // already open: no second Expand
+  EXPECT_TRUE(UserInput::ExpandNode(tv, L"root", false));
+  EXPECT_FALSE(tv.Nodes().Item(L"root").Expanded());
+  EXPECT_EQ(tv.SelectedItem(), nullptr);  // the button does not choose the node
+  EXPECT_THROW(UserInput::ExpandNode(tv, L"leaf", true), InputRefused);  // no children, no button
+  EXPECT_THROW(UserInput::ExpandNode(tv, L"nothing", true), InputRefused);
+  tv.SetEnabled(false);
+  EXPECT_THROW(UserInput::ExpandNode(tv, L"root", true), InputRefused);
+  EXPECT_THAT(events, ElementsAre(L"Expand root", L"Collapse root"));
+}
+
 TEST_F(UiTest, ListViewsSortSelectAndEditLabels) {
   FrmSample frm(context);
   ListView& lv = frm.Add<ListView>(L"lvList");

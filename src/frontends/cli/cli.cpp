@@ -37,6 +37,7 @@ void PrintScriptHelp() {
       "  forms: {\"form\": \"frmX\", one of \"set\" (applied in the order written), \"click\",\n"
       "         \"dblclick\", \"focus\", \"close\", \"key\", \"caret\", \"drag\", \"node\", \"item\", \"label\",\n"
       "         \"tab\", \"dump\",\n"
+      "         \"expand\"/\"collapse\": {\"tvFiles\": \"KEY\"} (the node's button; refused without children),\n"
       "         \"clickOutside\": true (a mouse press outside a pop-up that holds the mouse),\n"
       "         \"leave\": true (the focus goes to a window outside the program)};\n"
       "         {\"drag\": {\"control\": \"imgSplitter\", \"by\": [dx, dy]}} in twips\n"

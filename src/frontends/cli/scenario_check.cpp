@@ -17,8 +17,9 @@ const Keys kActions = {"connect",  "disconnect",      "tick",         "click",  
                        "protect",  "clipboard",       "saveProject",  "msgbox",          "inputbox",
                        "file",     "folder",          "dumpBar",      "dump",            "form",
                        "convertToHtml", "addReference", "removeReference"};
-const Keys kFormActions = {"set",  "click", "dblclick", "clickOutside", "key",   "caret", "drag",  "node",
-                           "item", "label", "tab",      "dump",         "focus", "close", "leave"};
+const Keys kFormActions = {"set",  "click", "dblclick", "clickOutside", "key",   "caret",    "drag",
+                           "node", "expand", "collapse", "item",        "label", "tab",     "dump",
+                           "focus", "close", "leave"};
 // How far a drag may go in one step, in twips either way: far beyond any screen.
 constexpr std::int64_t kMaxDragTwips = 1000000;
 const Keys kWindows = {"code", "immediate", "designer", "projectExplorer"};
@@ -220,7 +221,7 @@ void FormStep(const json& step, const std::string& label) {
     Text(v["control"], w + ".control");
     if (!v["by"].is_array() || v["by"].size() != 2) Refuse(w + ".by", "expected [dx, dy] in twips");
     for (std::size_t i = 0; i < 2; ++i) Integer(v["by"][i], Entry(w + ".by", i), -kMaxDragTwips, kMaxDragTwips);
-  } else if (a == "node" || a == "item" || a == "label") {
+  } else if (a == "node" || a == "expand" || a == "collapse" || a == "item" || a == "label") {
     TextMap(v, w);
   } else if (a == "tab") {
     if (!v.is_object()) Refuse(w, "expected an object of tab strips and tab numbers");

@@ -52,11 +52,14 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
     if (!by.is_array() || by.size() != 2 || !by[0].is_number_integer() || !by[1].is_number_integer())
       throw BadFormStep{"a drag moves \"by\": [dx, dy] in twips"};
     ui::UserInput::Drag(controlOf(d["control"]), by[0].get<long>(), by[1].get<long>());
-  } else if (step.contains("node")) {
-    for (const auto& [name, key] : step["node"].items()) {
+  } else if (step.contains("node") || step.contains("expand") || step.contains("collapse")) {
+    // "node" clicks the node; "expand" and "collapse" press its button.
+    const char* action = step.contains("node") ? "node" : step.contains("expand") ? "expand" : "collapse";
+    for (const auto& [name, key] : step[action].items()) {
       auto* tree = dynamic_cast<ui::TreeView*>(&controlOf(json(name)));
       if (!tree) throw BadFormStep{name + " is no tree view"};
-      ui::UserInput::ClickNode(*tree, W(key));
+      if (std::string_view(action) == "node") ui::UserInput::ClickNode(*tree, W(key));
+      else ui::UserInput::ExpandNode(*tree, W(key), std::string_view(action) == "expand");
     }
   } else if (step.contains("item")) {
     for (const auto& [name, key] : step["item"].items()) ui::UserInput::ClickItem(controlOf(json(name)), W(key));
@@ -75,7 +78,7 @@ void ApplyFormStep(ui::UiContext& context, const json& step) {
   } else {
     throw BadFormStep{
         "a form action sets, clicks, dblclicks, clicks outside, closes, leaves, focuses, keys, carets, drags, nodes, "
-        "items, labels or tabs"};
+        "expands, collapses, items, labels or tabs"};
   }
 }
 
