@@ -16,14 +16,7 @@ struct Editor : BenchSession {
 
   Editor() {
     auto project = vbe.AddProject(L"VBAProject", L"C:\\Work\\Big.xlsm");
-    lines = {L"Option Explicit", L"Private mTotal As Long", L""};
-    for (int p = 0; lines.size() < 10000; ++p) {
-      lines.push_back(L"' Adds to the total");
-      lines.push_back(L"Public Sub Add" + std::to_wstring(p) + L"(ByVal n As Long)");
-      for (int i = 0; i < 20; ++i) lines.push_back(L"    mTotal = mTotal + n * " + std::to_wstring(i));
-      lines.push_back(L"End Sub");
-      lines.push_back(L"");
-    }
+    lines = ModuleOfProcedures(10000);
     module = project->AddComponent(L"Module1", host::kStdModule, lines);
     vbe.ActivateComponent(module);
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "bench.h"
+#include "bench_session.h"
 #include "generators/frm_procedure.h"
 #include "settings/items.h"
 #include "support/fixtures.h"
@@ -30,14 +31,7 @@ struct Builder : test::SessionFixture {
     Write("vbcode/Fragments/ErrorHandlers/Raise.bas",
           "    On Error GoTo HandleError\r\n<end_of_top>\r\n<begin_of_bottom>\r\nHandleExit:\r\n    Exit {PROCEDURETYPE}\r\n"
           "HandleError:\r\n    Err.Raise Err.Number, \"{MODULENAME}.{PROCEDURENAME}\"\r\n");
-    lines = {L"Option Explicit", L"Private mTotal As Long", L""};
-    for (int p = 0; lines.size() < 10000; ++p) {
-      lines.push_back(L"' Adds to the total");
-      lines.push_back(L"Public Sub Add" + std::to_wstring(p) + L"(ByVal n As Long)");
-      for (int i = 0; i < 20; ++i) lines.push_back(L"    mTotal = mTotal + n * " + std::to_wstring(i));
-      lines.push_back(L"End Sub");
-      lines.push_back(L"");
-    }
+    lines = ModuleOfProcedures(10000);
     module = Module(L"Module1", lines);
   }
 
